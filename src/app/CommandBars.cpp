@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/CommandBars.h"
+
+#include "app/CommandTable.h"
+#include "desktop/QtIcons.h"
+
+#include <QAction>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+
+using namespace Qt::StringLiterals;
+
+CommandBars::CommandBars(QMainWindow& frame) : QObject(&frame), m_frame(frame)
+{
+    m_frame.menuBar()->setObjectName(u"ActiveBar21"_s);
+    makeActions();
+    makeMenus();
+    makeBars();
+}
+
+void CommandBars::makeActions()
+{
+    for (const CommandRow& row : commandTable()) {
+        const QString name = QString::fromLatin1(row.name);
+        auto* action = new QAction(QStringView(row.caption).toString(), &m_frame);
+        action->setObjectName(name);
+        action->setCheckable(row.checkable);
+        action->setMenuRole(QAction::NoRole);
+        if (*row.icon)
+            action->setIcon(themedIcon(QString::fromLatin1(row.icon)));
+        QString tip = action->text().remove(u'&').remove(u"..."_s);
+        if (*row.shortcut) {
+            action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
+            tip += u" ("_s + action->shortcut().toString(QKeySequence::NativeText) + u')';
+        }
+        action->setToolTip(tip);
+        action->setEnabled(false);
+        connect(action, &QAction::triggered, this, [this, name] { run(name); });
+        m_actions.insert(name, action);
+    }
+}
+
+template<typename Target>
+void CommandBars::fill(Target& target, const char* items)
+{
+    for (const QString& item : QString::fromLatin1(items).split(u' ')) {
+        if (item == "-"_L1)
+            target.addSeparator();
+        else if (QMenu* inner = menu(item))
+            target.addAction(inner->menuAction());
+        else
+            target.addAction(action(item));
+    }
+}
+
+void CommandBars::makeMenus()
+{
+    for (const MenuRow& row : menuTable()) {
+        auto* menu = new QMenu(QStringView(row.title).toString(), &m_frame);
+        menu->setObjectName(QString::fromLatin1(row.name));
+        fill(*menu, row.items);
+        m_menus.insert(menu->objectName(), menu);
+        if (row.inMenuBar)
+            m_frame.menuBar()->addMenu(menu);
+    }
+}
+
+void CommandBars::makeBars()
+{
+    for (const BarRow& row : barTable()) {
+        auto* bar = new QToolBar(QStringView(row.title).toString(), &m_frame);
+        bar->setObjectName(QString::fromLatin1(row.name));
+        fill(*bar, row.items);
+        m_bars.insert(bar->objectName(), bar);
+        const bool isSideBar = bar->objectName() == "barOutlook"_L1;
+        bar->setToolButtonStyle(isSideBar ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly);
+        if (isSideBar)
+            bar->setIconSize(QSize(32, 32));
+        bar->setContextMenuPolicy(Qt::PreventContextMenu); // the view menu shows and hides bars
+        m_frame.addToolBar(isSideBar ? Qt::LeftToolBarArea : Qt::TopToolBarArea, bar);
+    }
+}
+
+void CommandBars::handle(const QString& name, Handler handler)
+{
+    m_handlers.insert(name, std::move(handler));
+    enable(name, true);
+}
+
+void CommandBars::run(const QString& name)
+{
+    const QAction* action = m_actions.value(name);
+    const Handler handler = m_handlers.value(name);
+    if (!action || !handler || !action->isEnabled())
+        return;
+    emit clicked(name);
+    handler();
+}
+
+void CommandBars::enable(const QString& name, bool enabled)
+{
+    if (QAction* action = m_actions.value(name))
+        action->setEnabled(enabled && m_handlers.contains(name));
+}
+
+void CommandBars::check(const QString& name, bool checked)
+{
+    if (QAction* action = m_actions.value(name))
+        action->setChecked(checked);
+}
+
+void CommandBars::setFlatLook(bool flat)
+{
+    for (QToolBar* bar : std::as_const(m_bars)) {
+        bar->setMovable(!flat);
+        if (bar->objectName() != "barOutlook"_L1)
+            bar->setIconSize(flat ? QSize(22, 22) : QSize(16, 16));
+    }
+}

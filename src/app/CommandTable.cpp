@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/CommandTable.h"
+
+namespace {
+
+constexpr CommandRow commands[] = {
+    {"Memo", u"&Memos", "view-list-tree", "Ctrl+1", true},
+    {"Password", u"&Passwords", "dialog-password", "Ctrl+2", true},
+    {"Note", u"Sticky &notes", "note", "Ctrl+3", true},
+    {"Search", u"&Search", "edit-find", "Ctrl+F", true},
+    {"miFileOpen", u"&Open Archive...", "document-open", "Ctrl+O"},
+    {"miFileSaveAs", u"&Save a Copy As...", "document-save-as", "Ctrl+Shift+S"},
+    {"miFileCompactDB", u"&Compact and Repair Archive...", "tools-wizard", ""},
+    {"miFileExit", u"E&xit", "application-exit", "Ctrl+Q"},
+    {"miViewTools", u"Si&de Bar", "", "", true},
+    {"miViewToolBar", u"&Tool Bar", "", "", true},
+    {"miViewStatusBar", u"Status &Bar", "", "", true},
+    {"miToolsOptions", u"&Options...", "configure", "Ctrl+,"},
+    {"miOptionsLanguage", u"&Language Styles...", "preferences-desktop-font", ""},
+    {"miOptionsLanguageDetailsOpen", u"&Edit Style...", "document-edit", ""},
+    {"miHelpWeb", u"&Web Page", "internet-services", ""},
+    {"miHelpManual", u"&Manual", "help-contents", "F1"},
+    {"miHelpAbout", u"&About SnipVale", "help-about", ""},
+    {"miHelp", u"&Help", "help-contents", ""},
+    {"miCategoryNew", u"&New Category...", "folder-new", "Ctrl+Shift+N"},
+    {"miCategoryModify", u"&Modify Category...", "document-edit", ""},
+    {"miCategoryDelete", u"&Delete Category...", "edit-delete", ""},
+    {"miCategoryExpandAll", u"&Expand All", "view-list-tree", ""},
+    {"miCategoryCollapseAll", u"&Collapse All", "view-list-details", ""},
+    {"miMemoNew", u"&New Memo...", "document-new", "Ctrl+N"},
+    {"miMemoModify", u"&Open Memo...", "document-edit", ""},
+    {"miMemoDelete", u"&Delete Memo...", "edit-delete", ""},
+    {"miSearchOpenElement", u"&Open Element...", "document-edit", ""},
+    {"miSearchDeleteMemo", u"&Delete...", "edit-delete", ""},
+    {"miSearchSelectElementInTreeView", u"&Select in Tree", "view-list-tree", ""},
+    {"miBookmarkNew", u"&New Bookmark...", "bookmark-new", "Ctrl+B"},
+    {"miBookmarkModify", u"&Open Bookmark...", "document-edit", ""},
+    {"miBookmarkVisit", u"&Visit", "internet-services", ""},
+    {"miBookmarkDelete", u"&Delete Bookmark...", "edit-delete", ""},
+    {"miToDoNew", u"&New ToDo...", "view-task-add", "Ctrl+T"},
+    {"miToDoModify", u"&Open ToDo...", "document-edit", ""},
+    {"miToDoDelete", u"&Delete ToDo...", "edit-delete", ""},
+    {"miToDoIncreasePriority", u"&Increase Priority", "go-up", ""},
+    {"miToDoDecreasePriority", u"De&crease Priority", "go-down", ""},
+    {"miPasswordNew", u"&New Account...", "list-add", ""},
+    {"miPasswordModify", u"&Open Account...", "document-edit", ""},
+    {"miPasswordDelete", u"&Delete Account...", "edit-delete", ""},
+    {"miPasswordCopyPwd", u"&Copy Password", "edit-copy", ""},
+    {"miPasswordCopyUserName", u"Copy &User Name", "edit-copy", ""},
+    {"miPasswordHideShow", u"&Hide or Show Passwords", "view-visible", ""},
+    {"miPasswordVisitURL", u"&Visit Link", "internet-services", ""},
+    {"miPasswordExport", u"&Export...", "document-export", ""},
+    {"miPasswordCategory", u"Ca&tegories...", "folder", ""},
+    {"miPasswordChange", u"Change &Master Password...", "dialog-password", ""},
+    {"miPasswordLost", u"Master Password &Lost...", "dialog-warning", ""},
+    {"miNoteNew", u"&New Note", "note", ""},
+    {"miNoteModify", u"&Open Note", "document-edit", ""},
+    {"miNoteDelete", u"&Delete Note...", "edit-delete", ""},
+    {"miNoteColorYellow", u"&Yellow", "", ""},
+    {"miNoteColorRed", u"&Red", "", ""},
+    {"miNoteColorGreen", u"&Green", "", ""},
+    {"miNoteColorBlue", u"&Blue", "", ""},
+    {"miNoteColorWhite", u"&White", "", ""},
+};
+
+constexpr MenuRow menus[] = {
+    {"mnuFile", u"&File", "miFileOpen miFileSaveAs - miFileCompactDB - miFileExit"},
+    {"mnuView", u"&View", "Memo Password Note Search - miViewTools miViewToolBar miViewStatusBar"},
+    {"mnuCategory", u"&Category",
+     "miCategoryNew miCategoryModify miCategoryDelete - miCategoryExpandAll miCategoryCollapseAll"},
+    {"mnuMemo", u"&Memo", "miMemoNew miMemoModify miMemoDelete"},
+    {"mnuBookmark", u"&Bookmark", "miBookmarkNew miBookmarkModify miBookmarkVisit miBookmarkDelete"},
+    {"mnuToDo", u"To&Do",
+     "miToDoNew miToDoModify miToDoDelete - miToDoIncreasePriority miToDoDecreasePriority"},
+    {"mnuPassword", u"&Password",
+     "miPasswordNew miPasswordModify miPasswordDelete - miPasswordCopyUserName miPasswordCopyPwd miPasswordHideShow "
+     "miPasswordVisitURL - miPasswordCategory miPasswordChange miPasswordLost - miPasswordExport"},
+    {"mnuNoteColor", u"&Colour",
+     "miNoteColorYellow miNoteColorRed miNoteColorGreen miNoteColorBlue miNoteColorWhite", false},
+    {"mnuNote", u"&Note", "miNoteNew miNoteModify miNoteDelete - mnuNoteColor"},
+    {"mnuSearch", u"&Search", "miSearchOpenElement miSearchDeleteMemo - miSearchSelectElementInTreeView", false},
+    {"mnuOptions", u"&Options", "miOptionsLanguage", false},
+    {"mnuOptionsLanguage", u"&Language", "miOptionsLanguageDetailsOpen", false},
+    {"mnuTools", u"&Tools", "miToolsOptions"},
+    {"mnuHelp", u"&Help", "miHelpManual miHelpWeb - miHelpAbout"},
+};
+
+constexpr BarRow bars[] = {
+    {"barOutlook", u"Side bar", "Memo Password Note Search"},
+    {"barMemo", u"Memos, bookmarks and to-dos",
+     "miCategoryNew - miMemoNew miMemoDelete - miBookmarkNew miBookmarkDelete - miToDoNew miToDoDelete - miHelp"},
+    {"barPassword", u"Passwords",
+     "miPasswordNew miPasswordModify miPasswordDelete - miPasswordCopyUserName miPasswordCopyPwd miPasswordHideShow "
+     "miPasswordVisitURL"},
+    {"barNote", u"Sticky notes", "miNoteNew miNoteModify miNoteDelete"},
+};
+
+} // namespace
+
+std::span<const CommandRow> commandTable()
+{
+    return commands;
+}
+
+std::span<const MenuRow> menuTable()
+{
+    return menus;
+}
+
+std::span<const BarRow> barTable()
+{
+    return bars;
+}

@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/Program.h"
+
+#include "app/Startup.h"
+//TOUR
+#include "app/frmMain.h"
+#include "app/modHome.h"
+#include "app/modSnipVale.h"
+#include "archive/ErrorTrap.h"
+#include "desktop/Clock.h"
+#include "desktop/Desktop.h"
+#include "desktop/QtFileDialogs.h"
+#include "desktop/QtIcons.h"
+#include "desktop/QtQuestions.h"
+#include "desktop/QtShell.h"
+#include "desktop/SocketInstance.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Options {
+    QString home;
+    QString tour;
+};
+
+Options readOptions(const QCoreApplication& application)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"A desktop organiser for programmers"_s);
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption home(u"home"_s, u"The program directory: settings, archive, help."_s, u"DIR"_s);
+    const QCommandLineOption tour(u"tour"_s, u"Walks through the program and leaves pictures in DIR."_s, u"DIR"_s);
+    parser.addOptions({home, tour});
+    parser.process(application);
+    return {parser.value(home), parser.value(tour)};
+}
+
+bool wantsTour(int argc, char** argv)
+{
+    return std::any_of(argv + 1, argv + argc, [](const char* word) { return QByteArrayView(word).startsWith("--tour"); });
+}
+
+} // namespace
+
+int runProgram(int argc, char** argv)
+{
+    if (wantsTour(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(u"snipvale"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(SNIPVALE_VERSION));
+    QGuiApplication::setDesktopFileName(u"snipvale"_s);
+    setUpIconTheme();
+    QApplication::setWindowIcon(themedIcon(u"accessories-text-editor"_s));
+
+    const Options options = readOptions(application);
+    HomeFolders folders = homeFolders(options.home, QCoreApplication::applicationDirPath(),
+                                      QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/snipvale"_s);
+    if (!options.tour.isEmpty())
+        return 1;
+
+    QtQuestions questions;
+    QtFileDialogs files;
+    QtShell shell;
+    const SystemClock clock;
+    const Desktop desktop{questions, files, shell, clock};
+    if (!trapErrors(questions, u"Main"_s, [&] { prepareHome(folders); }))
+        return 1;
+    SocketInstance previous(folders.home);
+    modSnipVale program(questions, clock, shell);
+    program.AppPath = folders.home;
+    const std::unique_ptr<frmMain> frame = Main(program, desktop, previous);
+    return frame ? QApplication::exec() : 1;
+}

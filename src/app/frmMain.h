@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "archive/cCategory.h"
+#include "archive/cViewFilter.h"
+#include "desktop/FrameServices.h"
+#include "memo/cMemo.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+class CommandBars;
+class QLabel;
+class QStackedWidget;
+class frmSnipValeS;
+class modSnipVale;
+struct Desktop;
+
+// The program's one frame window: menus, bars, status bar, the task timer and the views. Everything that can be
+// commanded arrives at ActiveBar21_Click by its name.
+class frmMain : public QMainWindow, public FrameServices {
+    Q_OBJECT
+public:
+    frmMain(modSnipVale& program, const Desktop& desktop); // both outlive the frame
+    ~frmMain() override;
+
+    void ActiveBar21_Click(const QString& tool); // unknown and disabled tools do nothing
+    void OpenArchive();
+    void SaveArchiveAs();
+    void CompactArchive();
+    void bringToFront();
+    void closeWithoutWords(); // the end of a session or of a tour: no farewell
+
+    // FrameServices
+    void enableCommand(const QString& name, bool enabled) override;
+    void checkCommand(const QString& name, bool checked) override;
+    void runCommand(const QString& name) override;
+    void setStatus(const QString& text) override;
+    void popupMenu(const QString& name, const QPoint& screenPosition) override;
+    void showView(const QString& name) override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void makeStatusBar();
+    void makeCommands();
+    void makeArchiveCommands();
+    void makeViewCommands();
+    void makeExplorerCommands();
+    void handle(const QString& tool, const QString& routine, std::function<void()> action);
+    void showBarOf(const QString& view);
+    void closeViews();
+    void loadExplorer();
+    void reportCompacted(qint64 before, qint64 now, const QString& damagedCopy);
+
+    modSnipVale& m_program;
+    const Desktop& m_desktop;
+    CommandBars* m_bars;
+    QStackedWidget* m_views;
+    QLabel* m_status = nullptr;
+    QTimer TimerTask;
+    // The program-wide instances, made in this order.
+    cViewFilter m_viewFilter;
+    cMemo m_memo;
+    cCategory m_category;
+
+    frmSnipValeS* m_explorer = nullptr; // null while it is not loaded
+    QString m_viewInFront;
+    bool m_silentClose = false;
+};

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+// The program's small registry. Keys and value names match in any letter case. On a free desktop the
+// run-at-start key of the local machine is the user's autostart folder (freedesktop.org Desktop Application
+// Autostart Specification): a value is a .desktop file that runs the program. Every other key is a section of a
+// store file of the user. Nothing here raises an error: a failed write leaves what was there, a missing value reads
+// as an empty string.
+class modRegistry {
+public:
+    static constexpr quint32 HKEY_LOCAL_MACHINE = 0x80000002;
+
+    // `configFolder`: the user's configuration folder ($XDG_CONFIG_HOME); `iconName`: for the autostart entry.
+    explicit modRegistry(QString configFolder);
+
+    qint32 RegLastResult = 0; // of the last call: 0 success, 2 not found, 5 refused
+
+    bool RegKeyExists(quint32 root, const QString& key);
+    QVariant GetRegValue(quint32 root, const QString& key, const QString& name);
+    void SetRegValue(quint32 root, const QString& key, const QString& name, const QVariant& value);
+    void DeleteRegValue(quint32 root, const QString& key, const QString& name);
+    void CreateRegKey(quint32 root, const QString& key);
+
+private:
+    bool isRunKey(quint32 root, const QString& key) const;
+    QString autostartFile(const QString& name) const;
+    QString storeGroup(quint32 root, const QString& key) const;
+    QString m_configFolder;
+};

@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/modSnipVale.h"
+
+#include "app/modSettings.h"
+#include "archive/ErrorTrap.h"
+#include "desktop/Questions.h"
+#include "desktop/Shell.h"
+
+#include <QFile>
+#include <cerrno>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// example is a name that nobody can register: to be replaced when the product has a site.
+constexpr char homePage[] = "https://snipvale.example/";
+
+qsizetype lastSeparator(const QString& path)
+{
+    return std::max(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\'));
+}
+
+} // namespace
+
+modSnipVale::modSnipVale(Questions& questions, const Clock& clock, Shell& shell) :
+    archive(questions, clock), m_questions(questions), m_shell(shell)
+{
+}
+
+QString modSnipVale::shippedFile(const QString& name) const
+{
+    return AppPath + u'/' + name;
+}
+
+bool modSnipVale::ReadSettings()
+{
+    try {
+        IniFile = shippedFile(u"snipvale.ini"_s);
+        if (!QFile::exists(IniFile)) {
+            m_questions.ask(u"I cannot read ini file.\r\nCheck presence of file .ini in program directory!"_s,
+                            MessageStyle::Critical);
+            programEnds = true;
+            return false;
+        }
+        errno = 0;
+        readArchivePath();
+    } catch (const std::exception& error) {
+        m_questions.ask(u"Error n° "_s + QString::number(errno) + u'\r' + describeError(error) + u" in ReadSettings"_s,
+                        MessageStyle::Critical);
+        return false;
+    }
+    if (!QFile::exists(archive.ArchivePath()))
+        m_questions.ask(u"Specified archive file does not exist. Check menu tools->options"_s, MessageStyle::Critical);
+    const QString look = readProfile(IniFile, u"preferences"_s, u"xplook"_s, {});
+    XPLook = !look.isEmpty() && textToBoolean(look);
+    return true;
+}
+
+// A name without a separator is a file of the program directory. Without the key the archive is the settings file
+// itself: it exists, and the first access to it says that it is no archive.
+void modSnipVale::readArchivePath()
+{
+    const QString path = readProfile(IniFile, u"setup"_s, u"dbfullpath"_s, u"snipvale.ini"_s);
+    archive.setPath(lastSeparator(path) < 0 ? shippedFile(path) : path);
+}
+
+void modSnipVale::HelpWeb()
+{
+    trapErrors(m_questions, u"HelpWeb"_s, [&] {
+        if (!m_shell.open(QLatin1StringView(homePage)))
+            throw std::runtime_error("No program is set up to open web pages.");
+    });
+}
+
+QString modSnipVale::captionAtStart() const
+{
+    const QString path = archive.ArchivePath();
+    return u" SnipVale " SNIPVALE_VERSION " - ["_s + path.mid(lastSeparator(path) + 1) + u']';
+}
+
+QString modSnipVale::captionWithPath() const
+{
+    return u"SnipVale " SNIPVALE_VERSION "  ["_s + archive.ArchivePath() + u']';
+}

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "archive/Archive.h"
+
+#include <QString>
+
+class Shell;
+
+// The program-wide state and the routines of the start that need no window.
+class modSnipVale {
+public:
+    modSnipVale(Questions& questions, const Clock& clock, Shell& shell);
+
+    QString AppPath; // the program directory, without a separator at its end; set before ReadSettings
+    QString IniFile;
+    bool XPLook = false;
+    Archive archive;
+
+    // Fills everything above from "snipvale.ini". False when it could not; the message was shown. `programEnds`
+    // is then set when there is nothing more to say. An `xplook` that is no boolean throws.
+    bool ReadSettings();
+    bool programEnds = false;
+
+    void HelpWeb();
+
+    QString captionAtStart() const;   // " SnipVale 3.1.12 - [mine.sva]"
+    QString captionWithPath() const;  // "SnipVale 3.1.12  [/data/mine.sva]"
+    QString shippedFile(const QString& name) const; // in the program directory
+
+private:
+    void readArchivePath();
+    Questions& m_questions;
+    Shell& m_shell;
+};

@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "archive/cCategory.h"
+
+#include "archive/Archive.h"
+#include "archive/CategoryTree.h"
+#include "archive/ErrorTrap.h"
+#include "archive/SqlText.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString word(CategoryKind kind)
+{
+    switch (kind) {
+    case CategoryKind::Bookmark:
+        return u"bookmark"_s;
+    case CategoryKind::ToDo:
+        return u"todo"_s;
+    default:
+        return u"category"_s;
+    }
+}
+
+} // namespace
+
+QString CategoryNode::tag() const
+{
+    return id == 0 ? u"root"_s : word(kind);
+}
+
+QString CategoryNode::image() const
+{
+    return tag();
+}
+
+QString CategoryNode::selectedImage() const
+{
+    const QString normal = image();
+    return normal == "category"_L1 ? u"categoryOpen"_s : normal;
+}
+
+bool cCategory::Load()
+{
+    return trapErrors(m_archive.questions(), u"Load"_s, [&] {
+        ArchiveUnit unit(m_archive);
+        const jet::Recordset row =
+            unit.Open(u" SELECT * FROM tab_category WHERE categoryID = "_s + QString::number(CategoryID) + u" "_s);
+        if (row.eof())
+            return;
+        CategoryID = qint32(row.integer(u"categoryID"_s));
+        CategoryParentID = qint32(row.integer(u"parentID"_s));
+        CategoryType = qint16(row.integer(u"type"_s));
+        CategoryName = row.text(u"name"_s);
+        CategoryDescription = row.text(u"description"_s);
+    });
+}
+
+bool cCategory::Save()
+{
+    return trapErrors(m_archive.questions(), u"Save"_s, [&] {
+        ArchiveUnit unit(m_archive);
+        jet::Recordset row = unit.Open(u"SELECT * FROM tab_category WHERE 1=2 "_s);
+        row.AddNew({u"name"_s, u"parentID"_s, u"type"_s, u"description"_s},
+                   {CategoryName, qint64(CategoryParentID), qint64(CategoryType), CategoryDescription});
+        row.Update();
+        CategoryID = qint32(row.integer(u"categoryID"_s));
+    });
+}
+
+bool cCategory::Update()
+{
+    return trapErrors(m_archive.questions(), u"Update"_s, [&] {
+        ArchiveUnit unit(m_archive);
+        unit.Execute(u"UPDATE tab_category SET "_s +                                             //
+                     u"tab_category.type = "_s + QString::number(CategoryType) + u"  , "_s +     //
+                     u"tab_category.name = '"_s + quoted(CategoryName) + u"'  , "_s +            //
+                     u"tab_category.description = '"_s + quoted(CategoryDescription) + u"'  "_s + //
+                     u"WHERE (tab_category.categoryID = "_s + QString::number(CategoryID) + u" ) "_s);
+    });
+}
+
+bool cCategory::Delete(const QString& idsPath)
+{
+    return trapErrors(m_archive.questions(), u"Delete"_s, [&] {
+        ArchiveUnit unit(m_archive);
+        unit.Execute(u"DELETE * FROM tab_category "_s + u"WHERE tab_category.categoryID IN ("_s + idsPath + u") "_s);
+    });
+}
+
+void cCategory::TraverseTree(const CategoryTree& tree, const QString& key)
+{
+    trapErrors(m_archive.questions(), u"TraverseTree"_s, [&] {
+        // A stack of our own: a tree may be deeper than the machine's.
+        QStringList open = tree.childKeys(key);
+        std::reverse(open.begin(), open.end());
+        while (!open.isEmpty()) {
+            const QString child = open.takeLast();
+            CategoryIDsPath += u","_s + QString::number(leadingNumber(child));
+            QStringList below = tree.childKeys(child);
+            std::reverse(below.begin(), below.end());
+            open += below;
+        }
+    });
+}

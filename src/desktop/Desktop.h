@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+class Clock;
+class FileDialogs;
+class FrameServices;
+class Questions;
+class Shell;
+
+// The outside world as one window gets it. All outlive the window.
+struct Desktop {
+    Questions& questions;
+    FileDialogs& files;
+    Shell& shell;
+    const Clock& clock;
+};

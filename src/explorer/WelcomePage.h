@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <QStandardItemModel>
+
+class Archive;
+class QTreeView;
+
+namespace Ui {
+class frmSnipValeS;
+}
+
+// The welcome page of the explorer: how much is archived, and the open to-dos by due date. Both are read anew each
+// time the page is shown. Errors are shown here.
+class WelcomePage : public QObject {
+    Q_OBJECT
+public:
+    WelcomePage(Ui::frmSnipValeS& ui, Archive& archive, QObject* parent);
+
+    void ShowSummary();
+    void LoadTodoTree();
+
+signals:
+    // A to-do of the due-date tree was double-clicked (or Enter was pressed on it).
+    void toDoChosen(const QString& categoryKey, const QString& toDoKey);
+
+private:
+    void tvwToDo_DblClick();
+    void addGroup(QStandardItem& root, int group);
+
+    Ui::frmSnipValeS& m_ui;
+    Archive& m_archive;
+    QStandardItemModel m_toDos;
+};

@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "archive/CategoryTree.h"
+#include "archive/ElementListener.h"
+#include "explorer/ElementListView.h"
+
+#include <QWidget>
+#include <memory>
+
+class Archive;
+class CategoryTreeModel;
+class cCategory;
+class cMemo;
+class cViewFilter;
+class FrameServices;
+class MemoPane;
+class WelcomePage;
+struct Desktop;
+
+namespace Ui {
+class frmSnipValeS;
+}
+
+// What the explorer works on and with. All outlive it.
+struct ExplorerContext {
+    Archive& archive;
+    const Desktop& desktop;
+    FrameServices& frame;
+    cViewFilter& viewFilter;
+    cMemo& memo;
+    cCategory& category; // the current one
+};
+
+// The explorer: the category tree on the left, on the right what the selected node holds.
+class frmSnipValeS : public QWidget, public CategoryTree, public ElementListener {
+    Q_OBJECT
+public:
+    frmSnipValeS(const ExplorerContext& context, QWidget* parent);
+    ~frmSnipValeS() override;
+
+    void LoadTreeView();
+    void tvTreeView_NodeClick(const QModelIndex& node);
+    void ShowSection(const QString& section); // "Welcome", "Memo", "Bookmark", "ToDo"
+    void CategoryExpandAll(bool expand);
+
+    void NewCategory();
+    void ModifyCategory();
+    void DeleteCategory();
+    MemoPane& memos() { return *m_memos; }
+
+    // CategoryTree
+    QString selectedKey() const override;
+    QString selectedTag() const override;
+    QStringList childKeys(const QString& key) const override;
+    void renameNode(const QString& key, const QString& text) override;
+    void addNode(const QString& parentKey, const CategoryNode& node) override;
+    void clickSelectedNode() override;
+    // ElementListener
+    qint32 selectedCategory() const override;
+    void elementSaved(const QString& itemKey) override;
+
+private:
+    void wireTree();
+    void makeTreeToolBar();
+    void enableFor(const QString& tag);
+    void goHome();
+    void showToDo(const QString& categoryKey, const QString& toDoKey);
+    void editCategory();
+
+    std::unique_ptr<Ui::frmSnipValeS> m_ui;
+    ExplorerContext m_context;
+    SortDirection m_sort;
+    CategoryTreeModel* m_tree;
+    WelcomePage* m_welcome;
+    MemoPane* m_memos;
+};

@@ -1,0 +1,174 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "jet/Connection.h"
+
+#include "jet/Database.h"
+#include "jet/Dialect.h"
+#include "jet/Query.h"
+#include "jet/SqlFunctions.h"
+#include "jet/SqliteError.h"
+
+#include <sqlite3.h>
+
+using namespace Qt::StringLiterals;
+
+namespace jet {
+namespace {
+
+// The value of "Data Source" runs to the last semicolon: a path may hold one.
+QString dataSource(const QString& connectionString)
+{
+    const QString key = u"Data Source="_s;
+    const auto at = connectionString.indexOf(key, 0, Qt::CaseInsensitive);
+    if (at < 0)
+        throw Error(u"The connection string names no data source."_s);
+    const auto from = at + key.size(), end = connectionString.lastIndexOf(u';');
+    return connectionString.mid(from, end < from ? -1 : end - from);
+}
+
+void runChange(sqlite3* database, const Statement& statement)
+{
+    Query query(database, statement.sql);
+    for (size_t i = 0; i < statement.binds.size(); ++i)
+        query.bind(static_cast<int>(i) + 1, statement.binds[i]);
+    while (query.step()) { }
+}
+
+// A table with its indexes, or nothing.
+void runDefinition(sqlite3* database, const Statement& statement)
+{
+    runSql(database, "SAVEPOINT jet");
+    try {
+        runChange(database, statement);
+        for (const std::string& more : statement.then)
+            runSql(database, more);
+        runSql(database, "RELEASE jet");
+    } catch (...) {
+        sqlite3_exec(database, "ROLLBACK TO jet; RELEASE jet", nullptr, nullptr, nullptr);
+        throw;
+    }
+}
+
+} // namespace
+
+struct Connection::State {
+    Database database;
+    std::function<bool()> keepGoing;
+    bool inTransaction = false;
+
+    sqlite3* open() const
+    {
+        if (!database)
+            throw Error(u"The connection is closed."_s);
+        // A full disk, for one, ends a transaction by itself. What follows must not be written on its own.
+        if (inTransaction && sqlite3_get_autocommit(database.get()))
+            throw Error(u"The changes were taken back after an error."_s, SQLITE_ABORT_ROLLBACK);
+        return database.get();
+    }
+};
+
+Connection::Connection() : m(std::make_unique<State>()) { }
+Connection::~Connection() = default;
+
+void Connection::Open(const QString& connectionString)
+{
+    Close();
+    m->database = openArchive(dataSource(connectionString));
+    installGuard(m->database.get());
+    onProgress(m->keepGoing);
+}
+
+void Connection::Create(const QString& path)
+{
+    Close();
+    m->database = createArchive(path);
+    installGuard(m->database.get());
+    onProgress(m->keepGoing);
+}
+
+void Connection::Close()
+{
+    m->database.reset();
+}
+
+int Connection::Execute(const QString& sql)
+{
+    sqlite3* database = m->open();
+    const Statement statement = translate(sql.toStdString(), database);
+    if (statement.kind == Statement::Definition) {
+        runDefinition(database, statement);
+        return 0;
+    }
+    runChange(database, statement);
+    return statement.kind == Statement::Change ? sqlite3_changes(database) : 0;
+}
+
+Recordset Connection::OpenRecordset(const QString& sql)
+{
+    sqlite3* database = m->open();
+    const Statement statement = translate(sql.toStdString(), database);
+    if (statement.kind != Statement::Query)
+        throw Error(u"Invalid SQL statement; expected 'SELECT'."_s);
+    return Recordset(database, statement);
+}
+
+QStringList Connection::tables()
+{
+    QStringList names;
+    Query query(
+        m->open(),
+        "SELECT name FROM sqlite_schema WHERE type = 'table' AND substr(name, 1, 7) <> 'sqlite_' ORDER BY name");
+    while (query.step()) {
+        const std::string_view name = query.text(0);
+        names.append(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+    }
+    return names;
+}
+
+void Connection::onProgress(std::function<bool()> keepGoing)
+{
+    constexpr int steps = 20'000; // about 5 ms at most
+    m->keepGoing = std::move(keepGoing);
+    if (!m->database)
+        return;
+    const auto ask = [](void* state) {
+        try {
+            return static_cast<State*>(state)->keepGoing() ? 0 : 1;
+        } catch (...) { // must not pass through C code
+            return 1;
+        }
+    };
+    if (m->keepGoing)
+        sqlite3_progress_handler(m->database.get(), steps, ask, m.get());
+    else
+        sqlite3_progress_handler(m->database.get(), 0, nullptr, nullptr);
+}
+
+Connection::Transaction::Transaction(Connection& connection) : m_connection(&connection)
+{
+    if (connection.m->inTransaction)
+        throw Error(u"A transaction is already running on this connection."_s);
+    runSql(connection.m->open(), "BEGIN IMMEDIATE");
+    connection.m->inTransaction = true;
+}
+
+Connection::Transaction::~Transaction()
+{
+    if (!m_connection)
+        return;
+    State& state = *m_connection->m;
+    state.inTransaction = false;
+    if (state.database && !sqlite3_get_autocommit(state.database.get()))
+        sqlite3_exec(state.database.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void Connection::Transaction::commit()
+{
+    if (!m_connection)
+        return;
+    runSql(m_connection->m->open(), "COMMIT");
+    m_connection->m->inTransaction = false;
+    m_connection = nullptr;
+}
+
+} // namespace jet

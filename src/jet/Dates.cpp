@@ -1,0 +1,270 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "jet/Dates.h"
+
+#include "jet/Types.h"
+
+#include <QLocale>
+#include <QTimeZone>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <optional>
+
+namespace jet {
+namespace {
+
+struct Moment {
+    int year = 1899, month = 12, day = 30; // what a time alone means
+    int hour = 0, minute = 0, second = 0;
+
+    bool isValid() const
+    {
+        return year >= 100 && year <= 9999 && QDate::isValid(year, month, day) && QTime::isValid(hour, minute, second);
+    }
+};
+
+std::string stored(const Moment& m)
+{
+    std::array<char, 80> text{};
+    std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", m.year, m.month, m.day, m.hour, m.minute,
+                  m.second);
+    return text.data();
+}
+
+Moment momentOf(const QDate& date, const QTime& time)
+{
+    return {date.year(), date.month(), date.day(), time.hour(), time.minute(), time.second()};
+}
+
+bool dayComesFirst()
+{
+    const QString format = QLocale().dateFormat(QLocale::ShortFormat);
+    const auto day = format.indexOf(u'd'), month = format.indexOf(u'M');
+    return day >= 0 && day < month;
+}
+
+int wholeYear(int year, int digits)
+{
+    return digits > 2 ? year : year + (year < 30 ? 2000 : 1900);
+}
+
+// Reads numeric dates and times by hand: a list reads two for each of its rows.
+class MomentReader {
+public:
+    MomentReader(std::string_view text, DateOrder order) : m_text(text), m_order(order) { }
+
+    std::optional<Moment> read()
+    {
+        skipBlanks();
+        const bool timeAlone = startsWithTime();
+        if (!timeAlone && !readDay())
+            return std::nullopt;
+        skipBlanks();
+        if ((timeAlone || m_at < m_text.size()) && !readTime())
+            return std::nullopt;
+        skipBlanks();
+        return m_at == m_text.size() && m_moment.isValid() ? std::optional(m_moment) : std::nullopt;
+    }
+
+private:
+    char peek() const { return m_at < m_text.size() ? m_text[m_at] : '\0'; }
+    bool skip(char c) { return peek() == c && ++m_at; }
+    void skipBlanks()
+    {
+        while (skip(' ')) { }
+    }
+    bool startsWithTime() const
+    {
+        const auto end = m_text.find_first_not_of("0123456789", m_at);
+        return end != m_text.npos && m_text[end] == ':';
+    }
+    int number(int& value, int most) // how many digits it had
+    {
+        int digits = 0;
+        for (value = 0; digits < most && peek() >= '0' && peek() <= '9'; ++digits)
+            value = value * 10 + (m_text[m_at++] - '0');
+        return digits;
+    }
+    bool separator(char& wanted)
+    {
+        const char c = peek();
+        if ((c != '-' && c != '/' && c != '.') || (wanted && c != wanted))
+            return false;
+        wanted = c;
+        ++m_at;
+        if (c == '.') // 7. 3. 2024
+            skipBlanks();
+        return true;
+    }
+    bool readDay()
+    {
+        int first = 0, second = 0, third = 0;
+        char mark = 0;
+        const int digits = number(first, 4);
+        if (!digits || !separator(mark) || !number(second, 2) || !separator(mark))
+            return false;
+        const int lastDigits = number(third, 4);
+        if (!lastDigits)
+            return false;
+        if (mark == '.')
+            skip('.'); // 2024. 3. 7.
+        if (digits > 2) {
+            m_moment = {first, second, third};
+            return lastDigits <= 2 && afterDay();
+        }
+        m_moment.year = wholeYear(third, lastDigits);
+        const bool swap =
+            mark == '.' || (m_order == DateOrder::Regional && first <= 12 && second <= 12 && dayComesFirst());
+        m_moment.month = swap ? second : first;
+        m_moment.day = swap ? first : second;
+        if (m_moment.month > 12)
+            std::swap(m_moment.month, m_moment.day);
+        return afterDay();
+    }
+    bool afterDay()
+    {
+        if (skip('T') || skip(','))
+            return m_at < m_text.size();
+        return m_at == m_text.size() || peek() == ' ';
+    }
+    bool readTime()
+    {
+        if (!number(m_moment.hour, 2) || !skip(':') || !number(m_moment.minute, 2))
+            return false;
+        if (skip(':') && !number(m_moment.second, 2))
+            return false;
+        if (m_text.substr(m_at).starts_with('.')) { // parts of a second are dropped
+            int ignored = 0;
+            ++m_at;
+            if (!number(ignored, 9))
+                return false;
+        }
+        skipBlanks();
+        return readHalf();
+    }
+    bool readHalf() // AM, PM, a.m.
+    {
+        std::string word;
+        for (; m_at < m_text.size() && m_text[m_at] != ' '; ++m_at)
+            if (m_text[m_at] != '.')
+                word += m_text[m_at];
+        if (word.empty())
+            return true;
+        word = upper(word);
+        if ((word != "AM" && word != "PM") || m_moment.hour < 1 || m_moment.hour > 12)
+            return false;
+        m_moment.hour = m_moment.hour % 12 + (word == "PM" ? 12 : 0);
+        return true;
+    }
+
+    std::string_view m_text;
+    DateOrder m_order;
+    size_t m_at = 0;
+    Moment m_moment;
+};
+
+// The short forms that have month names or digits of another script.
+std::optional<Moment> readRegional(const QString& text, const QLocale& locale)
+{
+    QDateTime moment = locale.toDateTime(text, QLocale::ShortFormat);
+    if (!moment.isValid())
+        moment = locale.toDate(text, QLocale::ShortFormat).startOfDay();
+    if (!moment.isValid())
+        return std::nullopt;
+    if (moment.date().year() < 1930 && !locale.dateFormat(QLocale::ShortFormat).contains(u"yyyy"))
+        moment = moment.addYears(100);
+    return momentOf(moment.date(), moment.time());
+}
+
+std::optional<Moment> readAny(std::string_view text, DateOrder order)
+{
+    if (const auto moment = MomentReader(text, order).read())
+        return moment;
+    QString plain = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).simplified();
+    plain.remove(QChar(0x200E)).remove(QChar(0x200F)); // direction marks
+    if (const auto moment = MomentReader(plain.toStdString(), order).read())
+        return moment;
+    if (plain.size() > 60) // no date is that long, and the fallbacks are slow
+        return std::nullopt;
+    for (const QLocale& locale : {QLocale(), QLocale::c()})
+        if (const auto moment = readRegional(plain, locale); moment && moment->isValid())
+            return moment;
+    return std::nullopt;
+}
+
+// Two digits at `p`, or something above 99.
+unsigned pair(const char* p)
+{
+    const unsigned tens = static_cast<unsigned char>(p[0]) - unsigned('0');
+    const unsigned ones = static_cast<unsigned char>(p[1]) - unsigned('0');
+    return tens > 9 || ones > 9 ? 1000 : tens * 10 + ones;
+}
+
+std::optional<Moment> readStored(std::string_view text)
+{
+    if (text.size() != 19 || text[4] != '-' || text[7] != '-' || text[10] != ' ' || text[13] != ':' || text[16] != ':')
+        return std::nullopt;
+    const char* p = text.data();
+    const std::array<unsigned, 7> n{pair(p),      pair(p + 2),  pair(p + 5), pair(p + 8),
+                                    pair(p + 11), pair(p + 14), pair(p + 17)};
+    for (const unsigned part : n)
+        if (part > 99)
+            return std::nullopt;
+    const auto at = [&](size_t i) { return static_cast<int>(n[i]); };
+    return Moment{at(0) * 100 + at(1), at(2), at(3), at(4), at(5), at(6)};
+}
+
+QDateTime local(const Moment& m)
+{
+    return QDateTime(QDate(m.year, m.month, m.day), QTime(m.hour, m.minute, m.second));
+}
+
+} // namespace
+
+std::string parseDate(std::string_view text, DateOrder order)
+{
+    if (const auto moment = readAny(text, order))
+        return stored(*moment);
+    fail("Syntax error in date: '" + std::string(text.substr(0, 60)) + "'");
+}
+
+std::string dateFromSerial(double days)
+{
+    if (!(days > -657435 && days < 2958466))
+        fail("Overflow: not a date");
+    // Below zero too, the fraction counts forward within the day.
+    QDate date = QDate(1899, 12, 30).addDays(static_cast<qint64>(days));
+    qint64 seconds = std::llround(std::fabs(days - std::trunc(days)) * 86400.0);
+    if (seconds == 86400) {
+        date = date.addDays(1);
+        seconds = 0;
+    }
+    const Moment moment = momentOf(date, QTime(0, 0).addSecs(static_cast<int>(seconds)));
+    if (!moment.isValid())
+        fail("Overflow: not a date");
+    return stored(moment);
+}
+
+std::string storedDate(const QDateTime& moment)
+{
+    const QDateTime here = moment.toLocalTime();
+    const Moment parts = momentOf(here.date(), here.time());
+    if (!parts.isValid())
+        fail("Overflow: not a date");
+    return stored(parts);
+}
+
+QDateTime readDate(std::string_view text)
+{
+    if (const auto moment = readStored(text))
+        return local(*moment);
+    if (text.empty())
+        return {};
+    if (const auto moment = readAny(text, DateOrder::MonthFirst))
+        return local(*moment);
+    const QString iso = QString::fromUtf8(text.data(), static_cast<qsizetype>(std::min<size_t>(text.size(), 60)));
+    return QDateTime::fromString(iso, Qt::ISODate).toLocalTime();
+}
+
+} // namespace jet

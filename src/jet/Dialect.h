@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "jet/Types.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct sqlite3;
+
+namespace jet {
+
+// What one statement of the Jet 4 dialect (ANSI-92 wildcards) becomes: SQL of SQLite with a ? for each bind.
+struct Statement {
+    enum Kind { Query, Change, Definition } kind = Query;
+    std::string sql;
+    std::vector<Cell> binds;
+    std::vector<std::string> then; // statements that belong to a definition; all of them or none
+};
+
+// The file's own schema tells the types of the columns. Throws Error, also for every kind of statement that is
+// not SELECT, INSERT, UPDATE, DELETE, CREATE or DROP of a table or an index. Linear in the length of the text.
+Statement translate(std::string_view sql, sqlite3* database);
+
+// "name", with quotes inside it doubled.
+std::string quotedName(std::string_view name);
+
+} // namespace jet

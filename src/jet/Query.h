@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "jet/Types.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace jet {
+
+// A prepared statement in SQLite's own SQL. Every function throws Error.
+class Query {
+public:
+    Query(sqlite3* database, std::string_view sql);
+
+    void bind(int place, const Cell& value); // from 1
+    bool step(); // true: a row
+    void reset();
+    sqlite3_stmt* handle() const { return m_statement.get(); }
+
+    std::string_view text(int column) const; // until the next step
+    std::int64_t integer(int column) const;
+
+private:
+    struct Finalize {
+        void operator()(sqlite3_stmt* statement) const noexcept;
+    };
+    sqlite3* m_database;
+    std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
+};
+
+void runSql(sqlite3* database, const std::string& sql); // any number of statements, rows ignored
+std::string firstText(sqlite3* database, std::string_view sql); // "" when there is no row
+
+} // namespace jet

@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "memo/cMemo.h"
+
+#include "archive/Archive.h"
+#include "archive/ErrorTrap.h"
+#include "archive/SqlText.h"
+#include "desktop/Clock.h"
+
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+// Runs a body whose errors are kept instead of shown.
+template<typename Body>
+bool cMemo::silently(Body&& body)
+{
+    m_lastError.clear();
+    try {
+        body();
+        return true;
+    } catch (const std::exception& error) {
+        m_lastError = describeError(error);
+        return false;
+    }
+}
+
+bool cMemo::Load()
+{
+    return silently([&] {
+        ArchiveUnit unit(m_archive);
+        const jet::Recordset row = unit.Open(u" SELECT * FROM tab_memo WHERE memoID = "_s + QString::number(MemoID) + u" "_s);
+        if (row.eof())
+            return;
+        const auto number = [&](const QString& column, qint32& field) {
+            if (!row.isNull(column))
+                field = qint32(row.integer(column));
+        };
+        const auto date = [&](const QString& column, QDateTime& field) {
+            if (!row.isNull(column))
+                field = row.dateTime(column);
+        };
+        MemoID = qint32(row.integer(u"memoID"_s));
+        number(u"categoryID"_s, CategoryID);
+        number(u"memoTypeID"_s, MemoTypeID);
+        MemoName = row.text(u"memoName"_s);
+        MemoDescription = row.text(u"memoDescription"_s);
+        MemoLink = row.text(u"memoLink"_s);
+        SnipVale = row.text(u"snipVale"_s);
+        MemoNotes = row.text(u"memoNotes"_s);
+        date(u"dateIn"_s, MemoDateIn);
+        date(u"dateLastMod"_s, MemoDateLastMod);
+        MemoOpeningState = qint16(row.integer(u"openingState"_s));
+    });
+}
+
+bool cMemo::Save()
+{
+    return trapErrors(m_archive.questions(), u"Save"_s, [&] {
+        ArchiveUnit unit(m_archive);
+        jet::Recordset row = unit.Open(u"SELECT * FROM tab_memo where 1=2 "_s);
+        row.AddNew({u"categoryID"_s, u"memoTypeID"_s, u"memoName"_s, u"memoDescription"_s, u"memoLink"_s, u"snipVale"_s,
+                    u"memoNotes"_s, u"dateIn"_s, u"dateLastMod"_s, u"openingState"_s},
+                   {qint64(CategoryID), qint64(MemoTypeID), MemoName, MemoDescription, MemoLink, SnipVale, MemoNotes,
+                    m_archive.clock().now(), m_archive.clock().now(), qint64(MemoOpeningState)});
+        row.Update();
+        MemoID = qint32(row.integer(u"memoID"_s));
+    });
+}
+
+bool cMemo::Update()
+{
+    return silently([&] {
+        ArchiveUnit unit(m_archive);
+        // The date is written in the one form that the archive's engine reads the same under every locale.
+        const int rows = unit.Execute(u"UPDATE tab_memo SET "_s + //
+                     u"tab_memo.categoryID = "_s + QString::number(CategoryID) + u" , "_s +
+                     u"tab_memo.memoTypeID = "_s + QString::number(MemoTypeID) + u" , "_s + //
+                     u"tab_memo.memoName = '"_s + quoted(MemoName) + u"' , "_s +
+                     u"tab_memo.memoDescription = '"_s + quoted(MemoDescription) + u"' , "_s + //
+                     u"tab_memo.memoLink = '"_s + quoted(MemoLink) + u"' , "_s + //
+                     u"tab_memo.snipVale = '"_s + quoted(SnipVale) + u"' , "_s + //
+                     u"tab_memo.memoNotes = '"_s + quoted(MemoNotes) + u"' , "_s + //
+                     u"tab_memo.dateLastMod = '"_s + FormatDateSQL(m_archive.clock().now()) + u"' , "_s +
+                     u"tab_memo.openingState = "_s + QString::number(MemoOpeningState) + u" "_s + //
+                     u"WHERE (tab_memo.memoID = "_s + QString::number(MemoID) + u" ) "_s);
+        if (rows == 0) // another program deleted it: what is in the fields must not count as saved
+            throw std::runtime_error("The memo is no longer in the archive.");
+    });
+}
+
+qint32 cMemo::GetMemoCount()
+{
+    qint32 count = 0;
+    silently([&] {
+        ArchiveUnit unit(m_archive);
+        count = qint32(unit.Open(u"SELECT COUNT(memoID) AS MemoCount FROM tab_memo  "_s).integer(u"MemoCount"_s));
+    });
+    return count;
+}

@@ -1,0 +1,219 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The two panes of the memo editor: their sizes, their tool bars and their files.
+#include "archive/Archive.h"
+#include "archive/ErrorTrap.h"
+#include "desktop/Desktop.h"
+#include "desktop/FileDialogs.h"
+#include "desktop/QtIcons.h"
+#include "desktop/Questions.h"
+#include "memo/ScintillaView.h"
+#include "memo/cMemo.h"
+#include "memo/cScintilla.h"
+#include "memo/frmScintillaFind.h"
+#include "memo/frmSnipVale.h"
+#include "memo/modTextFile.h"
+#include "richtext/RichTextBar.h"
+#include "richtext/RichTextBox.h"
+#include "ui_frmSnipVale.h"
+
+#include <QPrintDialog>
+#include <QPrinter>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString allFiles = u"All Files (*.*) |*.*"_s;
+
+// The opening states of a memo.
+enum Panes { Equal = 0, CodeFills = 1, NotesFill = 2 };
+
+} // namespace
+
+void frmSnipVale::wirePanes()
+{
+    struct Button {
+        QToolButton* button;
+        const char16_t* icon;
+        Panes panes;
+    };
+    const Button buttons[] = {
+        {m_ui->imgCodePlus, u"window-maximize", CodeFills},       {m_ui->imgCodeMinus, u"window-minimize", NotesFill},
+        {m_ui->imgCodeEqual, u"view-split-top-bottom", Equal},    {m_ui->imgNotePlus, u"window-maximize", NotesFill},
+        {m_ui->imgNoteMinus, u"window-minimize", CodeFills},      {m_ui->imgNoteEqual, u"view-split-top-bottom", Equal},
+    };
+    for (const Button& row : buttons) {
+        row.button->setIcon(themedIcon(QStringView(row.icon).toString()));
+        row.button->setAccessibleName(row.button->toolTip());
+        connect(row.button, &QToolButton::clicked, this, [this, panes = row.panes] { setPanes(panes); });
+    }
+    // A pane can shrink to its header.
+    for (const auto& [pane, header] : {std::pair{m_ui->paneCode, m_ui->picCode}, std::pair{m_ui->paneNote, m_ui->picNote}}) {
+        header->setFixedHeight(header->sizeHint().height());
+        header->setBackgroundRole(QPalette::Midlight);
+        pane->setMinimumHeight(header->height());
+    }
+}
+
+void frmSnipVale::setPanes(int openingState)
+{
+    const int height = m_ui->picContainer->height();
+    const int code = openingState == CodeFills   ? height - m_ui->picNote->height()
+                     : openingState == NotesFill ? m_ui->picCode->height()
+                                                 : height / 2;
+    m_ui->hSplitter->setSizes({code, height - code});
+    m_context.memo.MemoOpeningState = qint16(openingState);
+}
+
+void frmSnipVale::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    if (!m_firstLayout)
+        return;
+    m_firstLayout = false;
+    if (m_context.memo.MemoOpeningState >= Equal && m_context.memo.MemoOpeningState <= NotesFill)
+        setPanes(m_context.memo.MemoOpeningState);
+}
+
+void frmSnipVale::makeCodeBar()
+{
+    struct Row {
+        const char16_t* key;
+        const char16_t* tip;
+        const char16_t* icon;
+        std::function<void()> run;
+    };
+    const auto message = [this](unsigned number) { return [this, number] { m_editor->send(number); }; };
+    const Row rows[] = {
+        {u"Open", u"Open File", u"document-open", [this] { openCodeFile(); }},
+        {u"Save", u"Save to file", u"document-save", [this] { saveCodeFile(); }},
+        {},
+        {u"Print", u"Print", u"document-print", nullptr},
+        {},
+        {u"Cut", u"Cut", u"edit-cut", message(SCI_CUT)},
+        {u"Copy", u"Copy", u"edit-copy", message(SCI_COPY)},
+        {u"Paste", u"Paste", u"edit-paste", message(SCI_PASTE)},
+        {u"Clear", u"Clear", u"edit-clear",
+         [this] {
+             m_editor->send(SCI_SELECTALL);
+             m_editor->send(SCI_CLEAR);
+         }},
+        {},
+        {u"Undo", u"Undo", u"edit-undo", message(SCI_UNDO)},
+        {u"Redo", u"Redo", u"edit-redo", message(SCI_REDO)},
+        {},
+        {u"Find", u"Find and Replace", u"edit-find-replace", [this] { showFind(); }},
+        {u"WrapLine", u"Wrap line", u"text-wrap", [this] { toggleWrap(); }},
+    };
+    for (const Row& row : rows) {
+        if (!row.key) {
+            m_ui->tbToolBarMemo->addSeparator();
+            continue;
+        }
+        auto* action = new QAction(themedIcon(QStringView(row.icon).toString()), QStringView(row.tip).toString(), m_ui->tbToolBarMemo);
+        action->setObjectName(QStringView(row.key).toString());
+        action->setEnabled(bool(row.run));
+        m_ui->tbToolBarMemo->addAction(action);
+        if (row.run)
+            connect(action, &QAction::triggered, this, row.run);
+    }
+    m_wrap = m_ui->tbToolBarMemo->findChild<QAction*>(u"WrapLine"_s);
+    m_wrap->setCheckable(true);
+    QAction* find = m_ui->tbToolBarMemo->findChild<QAction*>(u"Find"_s);
+    find->setShortcuts({QKeySequence(QKeySequence::Find), QKeySequence(QKeySequence::Replace)});
+    find->setToolTip(u"Find and Replace (Ctrl+F)"_s);
+}
+
+void frmSnipVale::toggleWrap()
+{
+    const bool wraps = m_editor->send(SCI_GETWRAPMODE) != 0;
+    m_editor->send(SCI_SETWRAPMODE, wraps ? 0 : 1);
+    m_wrap->setChecked(!wraps);
+}
+
+void frmSnipVale::showFind()
+{
+    if (!m_find)
+        m_find = new frmScintillaFind(*m_scintilla, m_context.archive.questions(), this);
+    m_find->show();
+    m_find->activateWindow();
+}
+
+void frmSnipVale::openCodeFile()
+{
+    trapErrors(m_context.archive.questions(), u"OpenFile"_s, [&] {
+        if (const auto name = m_context.desktop.files.openFile(u"Open"_s, allFiles)) {
+            const QByteArray text = readTextFile(*name).toUtf8();
+            if (text.contains('\0'))
+                m_editor->setText(text);
+            else
+                m_editor->send(SCI_SETTEXT, 0, text); // as one step that can be undone
+            markDirty();
+        }
+    });
+}
+
+void frmSnipVale::saveCodeFile()
+{
+    trapErrors(m_context.archive.questions(), u"SaveFile"_s, [&] {
+        if (const auto name = m_context.desktop.files.saveFile(u"Save Memo to File..."_s, allFiles, QString()))
+            writeTextFile(*name, m_editor->text());
+    });
+}
+
+void frmSnipVale::makeNoteBar()
+{
+    RichTextBox& notes = *m_ui->rtfMemoNotes;
+    RichTextBar::Setup setup;
+    setup.bar = u"tbToolBarNote"_s;
+    setup.fontName = u"cmbFontName"_s;
+    setup.fontSize = u"cmbFontSize"_s;
+    setup.keys = {u"New"_s,       u"Open"_s,   u"Save"_s,   u"Print"_s,   u"|"_s,          u"Cut"_s,    u"Copy"_s,
+                  u"Paste"_s,     u"|"_s,      u"Bold"_s,   u"Italic"_s,  u"Underline"_s,  u"Color"_s,  u"|"_s,
+                  u"Align Left"_s, u"Center"_s, u"Align Right"_s, u"|"_s, u"Number"_s, u"Bullets"_s, u"Outdent"_s, u"Indent"_s};
+    setup.hidden = {u"New"_s, u"Save"_s, u"Number"_s}; // they do nothing
+    setup.icon = themedIcon;
+    auto* bar = new RichTextBar(notes, setup, m_ui->noteBody);
+    bar->setIconSize(m_ui->tbToolBarMemo->iconSize());
+    bar->setPickColor([this](const QColor& initial) { return pickColor(initial); });
+    m_ui->layNoteBody->insertWidget(0, bar);
+    connect(bar, &RichTextBar::openRequested, this, &frmSnipVale::openNoteFile);
+    connect(bar, &RichTextBar::printRequested, this, &frmSnipVale::PrintDoc);
+    notes.setMenuNames({u"mnuMemoNote"_s, u"mnuMemoNoteCut"_s, u"mnuMemoNoteCopy"_s, u"mnuMemoNotePaste"_s});
+    notes.setConfirm([this](const QString& text) {
+        return m_context.archive.questions().ask(text, MessageStyle::YesNoDefaultNo) == Answer::Yes;
+    });
+    connect(&notes, &RichTextBox::linkActivated, this, [this](const QString& address) {
+        if (address.startsWith("http://"_L1) || address.startsWith("https://"_L1))
+            openAddress(address);
+    });
+}
+
+std::optional<QColor> frmSnipVale::pickColor(const QColor& initial)
+{
+    const auto bgr = std::uint32_t(initial.red() | initial.green() << 8 | initial.blue() << 16);
+    const auto chosen = m_context.desktop.files.pickColor(bgr);
+    if (!chosen)
+        return std::nullopt;
+    return QColor(int(*chosen & 0xFF), int(*chosen >> 8 & 0xFF), int(*chosen >> 16 & 0xFF));
+}
+
+void frmSnipVale::openNoteFile()
+{
+    trapErrors(m_context.archive.questions(), u"OpenFile"_s, [&] {
+        if (const auto name = m_context.desktop.files.openFile(u"Open "_s, allFiles))
+            m_ui->rtfMemoNotes->replaceText(readTextFile(*name));
+    });
+}
+
+void frmSnipVale::PrintDoc()
+{
+    trapErrors(m_context.archive.questions(), u"PrintDoc"_s, [&] {
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setDocName(m_ui->txtMemoName->text());
+        QPrintDialog dialog(&printer, this);
+        if (dialog.exec() == QDialog::Accepted)
+            m_ui->rtfMemoNotes->print(&printer);
+    });
+}

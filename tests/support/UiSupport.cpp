@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/UiSupport.h"
+
+#include <QtTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+template<typename Queue>
+typename Queue::value_type next(Queue& answers, const QString& title)
+{
+    if (answers.empty()) {
+        QTest::qFail(qPrintable(u"unforeseen dialog: "_s + title), __FILE__, __LINE__);
+        return {};
+    }
+    auto answer = answers.front();
+    answers.pop_front();
+    return answer;
+}
+
+} // namespace
+
+std::optional<QString> ScriptedFiles::openFile(const QString& title, const QString& filter)
+{
+    asked.append(title + u'|' + filter);
+    return next(answers, title);
+}
+
+std::optional<QString> ScriptedFiles::saveFile(const QString& title, const QString& filter, const QString&)
+{
+    asked.append(title + u'|' + filter);
+    return next(answers, title);
+}
+
+std::optional<std::uint32_t> ScriptedFiles::pickColor(std::uint32_t)
+{
+    return next(colors, u"colour"_s);
+}
