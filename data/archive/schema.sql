@@ -2,7 +2,8 @@
 -- program adds them, with their first rows, when it opens an archive that has none.
 -- A line that holds only ";" ends a statement; a line that starts with "--" is a comment.
 -- Long texts come last in a table, so that a list reads its columns without walking over them.
--- A foreign key brings its own index; no CREATE INDEX repeats one.
+-- A foreign key brings its own index; no CREATE INDEX repeats one. Texts are compared without regard to letter
+-- case, which no index can serve, so there is none on lexerCode.
 
 CREATE TABLE tab_category (
   categoryID   COUNTER,
@@ -63,8 +64,6 @@ CREATE TABLE tab_style (
   enable            YESNO,
   CONSTRAINT ID_PK PRIMARY KEY (styleID)
 )
-;
-CREATE INDEX lexerCode_IDX ON tab_style (lexerCode)
 ;
 
 CREATE TABLE tab_bookmark (

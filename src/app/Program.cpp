@@ -3,7 +3,7 @@
 #include "app/Program.h"
 
 #include "app/Startup.h"
-//TOUR
+#include "app/Tour.h"
 #include "app/frmMain.h"
 #include "app/modHome.h"
 #include "app/modSnipVale.h"
@@ -64,7 +64,7 @@ int runProgram(int argc, char** argv)
     HomeFolders folders = homeFolders(options.home, QCoreApplication::applicationDirPath(),
                                       QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/snipvale"_s);
     if (!options.tour.isEmpty())
-        return 1;
+        return runTour(options.tour, folders.shipped);
 
     QtQuestions questions;
     QtFileDialogs files;

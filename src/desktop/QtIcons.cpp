@@ -6,6 +6,7 @@
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
+#include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
 
@@ -75,6 +76,12 @@ void setUpIconTheme()
     const QPalette palette = QGuiApplication::palette();
     const bool isDark = palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
     const QString breeze = isDark ? u"breeze-dark"_s : u"breeze"_s;
+    // A platform without a desktop (the tour's) knows no folder of themes.
+    QStringList folders = QIcon::themeSearchPaths();
+    for (const QString& folder : QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, u"icons"_s, QStandardPaths::LocateDirectory))
+        if (!folders.contains(folder))
+            folders.append(folder);
+    QIcon::setThemeSearchPaths(folders);
     const QString current = QIcon::themeName();
     if (current.isEmpty() || current == "hicolor"_L1 || current.startsWith("breeze"_L1))
         QIcon::setThemeName(breeze);

@@ -24,7 +24,7 @@ QString MemoListModel::cellText(int element, int column) const
 
 QVariant MemoListModel::cellIcon(int, int column) const
 {
-    static const QIcon memo = themedIcon(u"text-x-generic"_s);
+    static const QIcon memo = themedIcon(u"text-plain"_s);
     return column == 0 ? QVariant(memo) : QVariant();
 }
 

@@ -38,21 +38,21 @@ QString shortMoment(PackedMoment moment)
 {
     if (moment.julianDay == 0)
         return {};
-    // The locale takes microseconds a text; the days and minutes of a list repeat.
-    static thread_local QHash<qint32, QString> days, minutes;
+    // The locale takes microseconds a text; the days of a list repeat, and there are only so many seconds.
+    static thread_local QHash<qint32, QString> days, seconds;
     static thread_local QLocale locale;
     if (locale != QLocale() || days.size() > 100000) {
         locale = QLocale();
         days.clear();
-        minutes.clear();
+        seconds.clear();
     }
     QString& day = days[moment.julianDay];
     if (day.isEmpty())
         day = locale.toString(QDate::fromJulianDay(moment.julianDay), QLocale::ShortFormat);
-    QString& minute = minutes[moment.second / 60];
-    if (minute.isEmpty())
-        minute = locale.toString(QTime::fromMSecsSinceStartOfDay(moment.second / 60 * 60000), QLocale::ShortFormat);
-    return day + u' ' + minute;
+    QString& second = seconds[moment.second];
+    if (second.isEmpty())
+        second = locale.toString(QTime::fromMSecsSinceStartOfDay(moment.second * 1000), QLocale::ShortFormat);
+    return day + u' ' + second;
 }
 
 void deleteMemos(Archive& archive, const QString& ids)

@@ -37,11 +37,11 @@ Moment momentOf(const QDate& date, const QTime& time)
     return {date.year(), date.month(), date.day(), time.hour(), time.minute(), time.second()};
 }
 
-bool dayComesFirst()
+bool dayComesFirst() // in short dates that are all digits
 {
     const QString format = QLocale().dateFormat(QLocale::ShortFormat);
     const auto day = format.indexOf(u'd'), month = format.indexOf(u'M');
-    return day >= 0 && day < month;
+    return day >= 0 && day < month && !format.contains(u"MMM");
 }
 
 int wholeYear(int year, int digits)
@@ -215,9 +215,11 @@ std::optional<Moment> readStored(std::string_view text)
     return Moment{at(0) * 100 + at(1), at(2), at(3), at(4), at(5), at(6)};
 }
 
-QDateTime local(const Moment& m)
+LocalMoment local(const Moment& m)
 {
-    return QDateTime(QDate(m.year, m.month, m.day), QTime(m.hour, m.minute, m.second));
+    const QDate date(m.year, m.month, m.day);
+    const QTime time(m.hour, m.minute, m.second);
+    return date.isValid() && time.isValid() ? LocalMoment{date, time} : LocalMoment();
 }
 
 } // namespace
@@ -255,7 +257,7 @@ std::string storedDate(const QDateTime& moment)
     return stored(parts);
 }
 
-QDateTime readDate(std::string_view text)
+LocalMoment readMoment(std::string_view text)
 {
     if (const auto moment = readStored(text))
         return local(*moment);
@@ -264,7 +266,14 @@ QDateTime readDate(std::string_view text)
     if (const auto moment = readAny(text, DateOrder::MonthFirst))
         return local(*moment);
     const QString iso = QString::fromUtf8(text.data(), static_cast<qsizetype>(std::min<size_t>(text.size(), 60)));
-    return QDateTime::fromString(iso, Qt::ISODate).toLocalTime();
+    const QDateTime moment = QDateTime::fromString(iso, Qt::ISODate).toLocalTime();
+    return {moment.date(), moment.time()};
+}
+
+QDateTime readDate(std::string_view text)
+{
+    const LocalMoment moment = readMoment(text);
+    return moment.isValid() ? QDateTime(moment.date, moment.time) : QDateTime();
 }
 
 } // namespace jet

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QDateTime>
+#include "jet/Value.h"
+
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,7 @@ std::string dateFromSerial(double days); // days since 1899-12-30 with the time 
 std::string storedDate(const QDateTime& moment); // throws Error for a year out of range
 
 // Reads the stored form quickly, and whatever else another tool may have written. Invalid when it is no date.
+LocalMoment readMoment(std::string_view stored);
 QDateTime readDate(std::string_view stored);
 
 } // namespace jet

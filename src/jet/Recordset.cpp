@@ -167,6 +167,11 @@ QDateTime Recordset::dateTime(int column) const
     return readDate(m->query->text(column));
 }
 
+LocalMoment Recordset::moment(int column) const
+{
+    return readMoment(m->query->text(column));
+}
+
 void Recordset::AddNew(const QStringList& names, const std::vector<Value>& values)
 {
     m->pending.reset();

@@ -36,6 +36,7 @@ public:
     QString text(int column) const;
     QByteArray utf8(int column) const; // the bytes as stored, for text that must not be decoded
     QDateTime dateTime(int column) const;
+    LocalMoment moment(int column) const; // much faster: a time zone costs 2 microseconds a value
 
     bool isNull(const QString& name) const { return isNull(index(name)); }
     qint64 integer(const QString& name) const { return integer(index(name)); }

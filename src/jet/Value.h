@@ -19,6 +19,13 @@ private:
     int m_code;
 };
 
+// A moment as it stands in the archive, without a time zone's rules. Both parts are valid or none is.
+struct LocalMoment {
+    QDate date;
+    QTime time;
+    bool isValid() const { return date.isValid(); }
+};
+
 using Null = std::monostate;
 
 // A value on its way into a column. Dates are local time to the second.

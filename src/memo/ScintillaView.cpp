@@ -14,6 +14,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int numberMargin = 0;
+constexpr std::uintptr_t bookmark = 0;
+constexpr std::intptr_t bookmarkColor = 0xC07020; // a blue; red is in the low byte
+constexpr std::intptr_t foldBoxColor = 0x505050;
+constexpr std::intptr_t guideColor = 0xB0B0B0;
 
 } // namespace
 
@@ -33,7 +37,13 @@ ScintillaView::ScintillaView(QWidget* parent) : QsciScintillaBase(parent)
     raw(SCI_SETAUTOMATICFOLD, SC_AUTOMATICFOLD_SHOW | SC_AUTOMATICFOLD_CHANGE);
     // The component asks for a font that few systems have.
     send(SCI_STYLESETFONT, STYLE_DEFAULT, "Courier New"_ba);
-    raw(SCI_STYLECLEARALL);
+    send(SCI_STYLECLEARALL);
+    // Hollow shapes, as the component draws them, are hard to see.
+    raw(SCI_MARKERSETBACK, bookmark, bookmarkColor);
+    for (const std::uintptr_t box : {SC_MARKNUM_FOLDER, SC_MARKNUM_FOLDEROPEN}) {
+        raw(SCI_MARKERSETFORE, box, foldBoxColor);
+        raw(SCI_MARKERSETBACK, box, foldBoxColor);
+    }
     connectNotifications();
 }
 
@@ -80,7 +90,13 @@ std::intptr_t ScintillaView::send(unsigned message, std::uintptr_t wParam, std::
         fitNumberMargin();
         return 0;
     }
-    return raw(message, wParam, lParam);
+    // "On" is -1 by custom, but the component of today wants to know the manner.
+    if (message == SCI_SETINDENTATIONGUIDES && static_cast<std::intptr_t>(wParam) < 0)
+        return raw(message, SC_IV_LOOKBOTH);
+    const std::intptr_t answer = raw(message, wParam, lParam);
+    if (message == SCI_STYLECLEARALL)
+        raw(SCI_STYLESETFORE, STYLE_INDENTGUIDE, guideColor); // black dots would be louder than the code
+    return answer;
 }
 
 std::intptr_t ScintillaView::send(unsigned message, std::uintptr_t wParam, const QByteArray& text)

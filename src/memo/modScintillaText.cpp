@@ -57,5 +57,6 @@ qsizetype bytePosition(QByteArrayView utf8, qsizetype offset)
 
 QString textOf(QByteArrayView utf8)
 {
-    return QStringDecoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom).decode(utf8);
+    using Flag = QStringDecoder::Flag;
+    return QStringDecoder(QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom).decode(utf8);
 }

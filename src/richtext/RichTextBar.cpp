@@ -89,8 +89,19 @@ bool isOn(const RichTextLook& look, RichTextCommand command)
 void showText(QComboBox& combo, const QString& text)
 {
     const QSignalBlocker blocker(combo);
-    combo.setCurrentIndex(combo.findText(text, Qt::MatchFixedString));
-    combo.setPlaceholderText(text);
+    combo.setPlaceholderText(text); // first: an empty one makes the combo choose its first entry
+    combo.setCurrentIndex(text.isEmpty() ? -1 : combo.findText(text, Qt::MatchFixedString));
+}
+
+// Without the foundry, which Qt appends as "[foundry]" where two make a font of one name: nobody else knows such
+// a name, and it goes into the text.
+QStringList fontNames()
+{
+    QStringList names = QFontDatabase::families();
+    for (QString& name : names)
+        name = name.section(u" ["_s, 0, 0);
+    names.removeDuplicates();
+    return names;
 }
 
 QComboBox* newCombo(const QString& name, const QString& what, int characters, QWidget* parent)
@@ -124,7 +135,7 @@ RichTextBar::RichTextBar(RichTextBox& box, const Setup& setup, QWidget* parent) 
 void RichTextBar::addCombos(const Setup& setup)
 {
     m_family = newCombo(setup.fontName, u"Font"_s, 14, this);
-    m_family->addItems(QFontDatabase::families());
+    m_family->addItems(fontNames());
     m_family->view()->setMinimumWidth(m_family->fontMetrics().averageCharWidth() * 32);
     m_points = newCombo(setup.fontSize, u"Font size"_s, 3, this);
     for (int points = smallestPoints; points <= largestPoints; ++points)

@@ -83,6 +83,14 @@ void removeWhite(QTextDocument& document)
     }
 }
 
+// A page that begins with a table comes with an empty paragraph before it.
+void removeEmptyStart(QTextDocument& document)
+{
+    QTextCursor cursor(&document);
+    while (document.blockCount() > 1 && document.begin().length() == 1)
+        cursor.deleteChar();
+}
+
 } // namespace
 
 QMimeData* mimeOf(const QTextDocumentFragment& fragment, const QFont& standard)
@@ -114,5 +122,6 @@ std::optional<QTextDocumentFragment> fragmentOf(const QMimeData& source, const Q
     page.setHtml(source.html());
     removeWhite(page);
     rtf::read(rtf::write(page), &document); // leaves pictures, tables and the like behind
+    removeEmptyStart(document);
     return QTextDocumentFragment(&document);
 }

@@ -14,7 +14,6 @@ namespace rtf {
 namespace {
 
 constexpr qsizetype deepest = 2000; // groups whose state is kept; deeper ones share the last
-constexpr int longestWord = 40;
 constexpr qsizetype longestName = 200;
 constexpr qsizetype longestInstruction = 4096;
 
@@ -150,7 +149,7 @@ void Parser::readControl()
 void Parser::readWord()
 {
     const char* start = m_at;
-    while (!atEnd() && isLetter(*m_at) && m_at - start < longestWord)
+    while (!atEnd() && isLetter(*m_at))
         ++m_at;
     const std::string_view name(start, static_cast<std::size_t>(m_at - start));
     Control control{0, 0, false};
