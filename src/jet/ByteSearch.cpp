@@ -76,10 +76,7 @@ void ByteSearch::chooseRarest()
 
 void ByteSearch::spell(char32_t letter)
 {
-    constexpr char32_t beyondLettersWithCases = 0x1F000;
-    for (char32_t c = 0x80; c < beyondLettersWithCases; ++c) {
-        if (fold(c) != letter || (c >= 0xD800 && c < 0xE000))
-            continue;
+    for (const char32_t c : spellings(letter)) {
         const int length = c < 0x800 ? 2 : c < 0x10000 ? 3 : 4;
         const unsigned lead = length == 2 ? 0xC0u : length == 3 ? 0xE0u : 0xF0u;
         m_spellings.push_back(

@@ -14,7 +14,6 @@ class ByteSearch {
 public:
     explicit ByteSearch(std::u32string needle); // folded characters, at least one
 
-    bool isPossible() const { return m_isAscii || !m_spellings.empty(); } // else compare character by character
     bool isIn(std::string_view text) const { return m_isAscii ? findAscii(text) : findLetter(text); }
 
 private:

@@ -11,6 +11,8 @@
 #include <cstdio>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace jet {
 namespace {
 
@@ -37,11 +39,19 @@ Moment momentOf(const QDate& date, const QTime& time)
     return {date.year(), date.month(), date.day(), time.hour(), time.minute(), time.second()};
 }
 
-bool dayComesFirst() // in short dates that are all digits
+enum class Parts { YearMonthDay, MonthDayYear, DayMonthYear };
+
+Parts partsOf(DateOrder order)
 {
+    if (order == DateOrder::MonthFirst)
+        return Parts::MonthDayYear;
     const QString format = QLocale().dateFormat(QLocale::ShortFormat);
-    const auto day = format.indexOf(u'd'), month = format.indexOf(u'M');
-    return day >= 0 && day < month && !format.contains(u"MMM");
+    const auto year = format.indexOf(u'y'), month = format.indexOf(u'M'), day = format.indexOf(u'd');
+    if (format.contains(u"MMM")) // says nothing about dates that are all digits
+        return Parts::MonthDayYear;
+    if (year < month && year < day)
+        return Parts::YearMonthDay;
+    return day < month ? Parts::DayMonthYear : Parts::MonthDayYear;
 }
 
 int wholeYear(int year, int digits)
@@ -61,7 +71,7 @@ public:
         if (!timeAlone && !readDay())
             return std::nullopt;
         skipBlanks();
-        if ((timeAlone || m_at < m_text.size()) && !readTime())
+        if ((timeAlone || m_at < m_text.size()) && !readTime(!timeAlone))
             return std::nullopt;
         skipBlanks();
         return m_at == m_text.size() && m_moment.isValid() ? std::optional(m_moment) : std::nullopt;
@@ -109,18 +119,21 @@ private:
             return false;
         if (mark == '.')
             skip('.'); // 2024. 3. 7.
-        if (digits > 2) {
-            m_moment = {first, second, third};
-            return lastDigits <= 2 && afterDay();
+        return arrange(first, digits, second, third, lastDigits, mark) && afterDay();
+    }
+    // What comes first: a long number is the year, a dot means the day, else it is a matter of the region.
+    bool arrange(int first, int digits, int second, int third, int lastDigits, char mark)
+    {
+        const Parts parts = digits > 2 || lastDigits > 2 || first > 31 ? Parts::MonthDayYear : partsOf(m_order);
+        if (digits > 2 || parts == Parts::YearMonthDay) {
+            m_moment = {wholeYear(first, digits), second, third};
+            return lastDigits <= 2;
         }
         m_moment.year = wholeYear(third, lastDigits);
-        const bool swap =
-            mark == '.' || (m_order == DateOrder::Regional && first <= 12 && second <= 12 && dayComesFirst());
-        m_moment.month = swap ? second : first;
-        m_moment.day = swap ? first : second;
-        if (m_moment.month > 12)
-            std::swap(m_moment.month, m_moment.day);
-        return afterDay();
+        const bool dayFirst = mark == '.' || first > 12 || (second <= 12 && partsOf(m_order) == Parts::DayMonthYear);
+        m_moment.month = dayFirst ? second : first;
+        m_moment.day = dayFirst ? first : second;
+        return true;
     }
     bool afterDay()
     {
@@ -128,30 +141,40 @@ private:
             return m_at < m_text.size();
         return m_at == m_text.size() || peek() == ' ';
     }
-    bool readTime()
+    bool readTime(bool afterDay)
     {
-        if (!number(m_moment.hour, 2) || !skip(':') || !number(m_moment.minute, 2))
-            return false;
-        if (skip(':') && !number(m_moment.second, 2))
-            return false;
-        if (m_text.substr(m_at).starts_with('.')) { // parts of a second are dropped
-            int ignored = 0;
-            ++m_at;
-            if (!number(ignored, 9))
-                return false;
-        }
+        const std::string half = readWord();
         skipBlanks();
-        return readHalf();
+        char mark = ':';
+        if (!number(m_moment.hour, 2))
+            return false;
+        if (afterDay && peek() == '.') // 7.3.2024 9.05
+            mark = '.';
+        if (!skip(mark) || !number(m_moment.minute, 2))
+            return false;
+        if (skip(mark) && !number(m_moment.second, 2))
+            return false;
+        int ignored = 0;
+        if (skip('.') && !number(ignored, 9)) // parts of a second
+            return false;
+        skipBlanks();
+        return applyHalf(half.empty() ? readWord() : half);
     }
-    bool readHalf() // AM, PM, a.m.
+    std::string readWord() // of letters; the dots of a.m. are dropped
     {
         std::string word;
-        for (; m_at < m_text.size() && m_text[m_at] != ' '; ++m_at)
-            if (m_text[m_at] != '.')
-                word += m_text[m_at];
+        for (char c = peek(); (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c == '.' && !word.empty());
+             c = peek()) {
+            if (c != '.')
+                word += c;
+            ++m_at;
+        }
+        return upper(word);
+    }
+    bool applyHalf(const std::string& word)
+    {
         if (word.empty())
             return true;
-        word = upper(word);
         if ((word != "AM" && word != "PM") || m_moment.hour < 1 || m_moment.hour > 12)
             return false;
         m_moment.hour = m_moment.hour % 12 + (word == "PM" ? 12 : 0);
@@ -177,18 +200,30 @@ std::optional<Moment> readRegional(const QString& text, const QLocale& locale)
     return momentOf(moment.date(), moment.time());
 }
 
-std::optional<Moment> readAny(std::string_view text, DateOrder order)
+// Digits of any script, the region's words for morning and evening and marks of direction made plain.
+QString plainText(const QString& text, const QLocale& locale)
 {
-    if (const auto moment = MomentReader(text, order).read())
+    QString plain;
+    for (const char32_t c : text.toUcs4())
+        if (QChar::isDigit(c))
+            plain += QChar(u'0' + QChar::digitValue(c));
+        else if (QChar::category(c) != QChar::Other_Format)
+            plain += QString::fromUcs4(&c, 1);
+    plain.replace(locale.amText(), u" AM"_s).replace(locale.pmText(), u" PM"_s);
+    return plain.simplified();
+}
+
+std::optional<Moment> readAny(std::string_view utf8, DateOrder order)
+{
+    if (const auto moment = MomentReader(utf8, order).read())
         return moment;
-    QString plain = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).simplified();
-    plain.remove(QChar(0x200E)).remove(QChar(0x200F)); // direction marks
-    if (const auto moment = MomentReader(plain.toStdString(), order).read())
-        return moment;
-    if (plain.size() > 60) // no date is that long, and the fallbacks are slow
+    if (utf8.size() > 200) // no date is that long, and what follows is slow
         return std::nullopt;
+    const QString text = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    if (const auto moment = MomentReader(plainText(text, QLocale()).toStdString(), order).read())
+        return moment;
     for (const QLocale& locale : {QLocale(), QLocale::c()})
-        if (const auto moment = readRegional(plain, locale); moment && moment->isValid())
+        if (const auto moment = readRegional(text.trimmed(), locale); moment && moment->isValid())
             return moment;
     return std::nullopt;
 }

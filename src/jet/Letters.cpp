@@ -5,6 +5,7 @@
 #include <QChar>
 #include <QString>
 #include <array>
+#include <unordered_map>
 
 namespace jet {
 namespace {
@@ -61,16 +62,37 @@ char32_t baseLetter(char32_t c)
     return c < 0x2000 ? tables().base[c] : fold(c);
 }
 
+std::u32string spellings(char32_t folded)
+{
+    // Each letter that has another case, by its folded form.
+    static const std::unordered_multimap<char32_t, char32_t> others = [] {
+        constexpr char32_t beyondLettersWithCases = 0x1F000;
+        std::unordered_multimap<char32_t, char32_t> built;
+        for (char32_t c = 0x80; c < beyondLettersWithCases; ++c)
+            if (const char32_t f = fold(c); f != c)
+                built.emplace(f, c);
+        return built;
+    }();
+    std::u32string result(1, folded);
+    for (auto [it, end] = others.equal_range(folded); it != end; ++it)
+        result += it->second;
+    return result;
+}
+
 char32_t decode(const char*& p, const char* end)
 {
     const auto lead = static_cast<unsigned char>(*p++);
     if (lead < 0xC0)
         return lead;
+    const char* const second = p;
     int more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
     char32_t c = lead & (0x3Fu >> more);
     for (; more && p < end && (static_cast<unsigned char>(*p) & 0xC0) == 0x80; --more)
         c = (c << 6) | (static_cast<unsigned char>(*p++) & 0x3F);
-    return c;
+    if (c >= 0x80)
+        return c;
+    p = second; // an ASCII character in disguise
+    return lead;
 }
 
 } // namespace jet

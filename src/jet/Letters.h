@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string>
+
 namespace jet {
 
 // Simple case folding of Unicode, one character to one (CaseFolding.txt, status C and S). A letter beyond ASCII
@@ -10,6 +12,9 @@ char32_t fold(char32_t c);
 
 // A folded letter without its accents; anything else folded.
 char32_t baseLetter(char32_t c);
+
+// Every letter beyond ASCII that folds to the given one, this one first.
+std::u32string spellings(char32_t folded);
 
 // The next character of UTF-8 text, p < end. Lenient: a broken byte stands for itself.
 char32_t decode(const char*& p, const char* end);

@@ -78,8 +78,6 @@ void LikePattern::findNeedle()
         needle += m_items[i].letter;
     }
     m_search.emplace(std::move(needle));
-    if (!m_search->isPossible())
-        m_search.reset();
 }
 
 bool LikePattern::matches(std::string_view text) const

@@ -4,6 +4,7 @@
 
 #include "memo/CodeEditorAccessible.h"
 #include "memo/cScintilla.h"
+#include "memo/modScintillaText.h"
 
 #include <QAccessible>
 #include <QKeyEvent>
@@ -103,7 +104,31 @@ std::intptr_t ScintillaView::send(unsigned message, std::uintptr_t wParam, const
 {
     if (!isSafeTextMessage(message, wParam, text.size(), size()))
         return 0;
+    // The target outlives a text that became shorter, and would then be used without a look.
+    const bool wantsTarget = message == SCI_REPLACETARGET || message == SCI_SEARCHINTARGET;
+    if (wantsTarget && std::max(raw(SCI_GETTARGETSTART), raw(SCI_GETTARGETEND)) > raw(SCI_GETLENGTH))
+        return 0;
+    if (message == SCI_SEARCHINTARGET && wParam == static_cast<std::uintptr_t>(text.size()))
+        return searchInTarget(text);
     return SendScintilla(message, wParam, text.constData());
+}
+
+// This build of the component knows upper and lower case of ASCII letters only.
+std::intptr_t ScintillaView::searchInTarget(const QByteArray& text)
+{
+    const std::intptr_t flags = raw(SCI_GETSEARCHFLAGS);
+    const bool ascii =
+        std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    const std::intptr_t start = raw(SCI_GETTARGETSTART);
+    const std::intptr_t end = raw(SCI_GETTARGETEND);
+    if (ascii || (flags & SCFIND_MATCHCASE) != 0 || start > end)
+        return SendScintilla(SCI_SEARCHINTARGET, static_cast<std::uintptr_t>(text.size()), text.constData());
+    const auto [first, last] = findInAnyCase(this->text(), start, text, (flags & SCFIND_WHOLEWORD) != 0);
+    if (first < 0 || last > end)
+        return -1;
+    raw(SCI_SETTARGETSTART, static_cast<std::uintptr_t>(first));
+    raw(SCI_SETTARGETEND, static_cast<std::uintptr_t>(last));
+    return first;
 }
 
 std::intptr_t ScintillaView::send(unsigned message, const QByteArray& first, const QByteArray& second)

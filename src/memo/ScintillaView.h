@@ -53,6 +53,7 @@ protected:
 private:
     std::intptr_t raw(unsigned message, std::uintptr_t wParam = 0, std::intptr_t lParam = 0) const;
     EditorSize size() const;
+    std::intptr_t searchInTarget(const QByteArray& text);
     void connectNotifications();
     void onModified(int position, int type, const QByteArray& text);
     void tellCaret();

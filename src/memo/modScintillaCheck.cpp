@@ -10,6 +10,7 @@ namespace {
 
 enum class Kind : unsigned char {
     Free, // ignored, or harmless whatever it is
+    Zero, // 0 only
     Flag, // 0 or 1
     Position, // 0 to the length
     PositionOrNone, // the same or -1
@@ -181,7 +182,7 @@ constexpr std::array table = std::to_array<Row>({
     {2662, Choice4}, // FOLDALL
     {4001, Lexer}, // SETLEXER
     {4002}, // GETLEXER
-    {4003, Position, PositionOrNone}, // COLOURISE
+    {4003, Zero, PositionOrNone}, // COLOURISE, from the start: an end before it would be fatal
     {4004, Text, Text}, // SETPROPERTY
     {4005, WordSet, Text}, // SETKEYWORDS
 });

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "memo/modScintillaText.h"
 
-#include <QString>
 #include <QStringDecoder>
 #include <algorithm>
 
@@ -25,6 +24,17 @@ qsizetype characterLength(QByteArrayView utf8, qsizetype at)
     const bool surrogate = lead == 0xED && second >= 0xA0;
     const bool tooBig = lead == 0xF4 && second >= 0x90;
     return overlong || surrogate || tooBig ? 1 : length;
+}
+
+bool isWordPart(const QString& text, qsizetype at)
+{
+    return at >= 0 && at < text.size() && (text[at].isLetterOrNumber() || text[at] == u'_' || text[at].isSurrogate());
+}
+
+// Whether a word begins or ends between two neighbours.
+bool isWordEdge(const QString& text, qsizetype at)
+{
+    return isWordPart(text, at - 1) != isWordPart(text, at);
 }
 
 } // namespace
@@ -59,4 +69,20 @@ QString textOf(QByteArrayView utf8)
 {
     using Flag = QStringDecoder::Flag;
     return QStringDecoder(QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom).decode(utf8);
+}
+
+std::pair<qsizetype, qsizetype> findInAnyCase(QByteArrayView utf8, qsizetype from, QByteArrayView wanted,
+                                              bool wholeWord)
+{
+    const QString text = textOf(utf8);
+    const QString word = textOf(wanted);
+    for (qsizetype at = utf16Offset(utf8, from);; ++at) {
+        at = text.indexOf(word, at, Qt::CaseInsensitive);
+        if (at < 0)
+            return {-1, -1};
+        if (wholeWord && !(isWordEdge(text, at) && isWordEdge(text, at + word.size())))
+            continue;
+        if (const qsizetype first = bytePosition(utf8, at); first >= from)
+            return {first, bytePosition(utf8, at + word.size())};
+    }
 }

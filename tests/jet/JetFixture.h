@@ -15,7 +15,7 @@ inline QString connectionString(const QString& path)
 }
 
 // What a failing piece of work says; "" when it did not fail.
-template<typename Work>
+template <typename Work>
 QString errorOf(Work&& work)
 {
     try {
@@ -36,7 +36,8 @@ public:
             connection.Execute(sql);
         connection.Execute(u"INSERT INTO tab_category (parentID, type, name) VALUES (0, 0, 'Code')"_s);
         connection.Execute(u"INSERT INTO tab_category (parentID, type, name) VALUES (0, 2,'ToDo')"_s);
-        connection.Execute(u"INSERT INTO tab_memoType (memoTypeID, name, lexerCode, enabled) VALUES (3, 'C++', 'SCLEX_CPP', '1')"_s);
+        connection.Execute(
+            u"INSERT INTO tab_memoType (memoTypeID, name, lexerCode, enabled) VALUES (3, 'C++', 'SCLEX_CPP', '1')"_s);
     }
 
     QString path(const QString& name = u"scratch.SVA"_s) const { return m_folder.filePath(name); }
@@ -60,7 +61,8 @@ public:
         jet::Recordset set = connection.OpenRecordset(u"SELECT * FROM tab_memo where 1=2 "_s);
         for (int i = 1; i <= count; ++i) {
             set.AddNew({u"categoryID"_s, u"memoTypeID"_s, u"memoName"_s, u"snipVale"_s, u"dateIn"_s},
-                       {qint64(1), qint64(3), u"memo %1"_s.arg(i), QString(900, u'x'), QDateTime(QDate(2024, 3, 7), QTime(9, 5))});
+                       {qint64(1), qint64(3), u"memo %1"_s.arg(i), QString(900, u'x'),
+                        QDateTime(QDate(2024, 3, 7), QTime(9, 5))});
             set.Update();
         }
         all.commit();
@@ -69,7 +71,10 @@ public:
     jet::Connection connection;
 
 private:
-    static int columnsOf(const QString& sql) { return static_cast<int>(sql.left(sql.indexOf(u" FROM "_s)).count(u',')) + 1; }
+    static int columnsOf(const QString& sql)
+    {
+        return static_cast<int>(sql.left(sql.indexOf(u" FROM "_s)).count(u',')) + 1;
+    }
     static QStringList schema()
     {
         const QString toCategory = u" REFERENCES tab_category (categoryID) ON UPDATE CASCADE ON DELETE CASCADE, "_s;
@@ -79,13 +84,15 @@ private:
                 u"memoTypeID LONG, memoName TEXT(255), dateIn DATETIME, dateLastMod DATETIME, openingState SHORT, memoDescription LONGTEXT, snipVale LONGTEXT, memoNotes LONGTEXT, CONSTRAINT ID_PK PRIMARY KEY(memoID) )"_s,
             u"CREATE TABLE tab_memoType ( memoTypeID LONG, name TEXT(50), lexerCode TEXT(64), enabled YESNO, visible YESNO, keywords LONGTEXT, CONSTRAINT ID_PK PRIMARY KEY (memoTypeID) )"_s,
             u"CREATE TABLE tab_style ( styleID COUNTER, lexerCode TEXT(64), fontName TEXT(50), fontSize SHORT, bold YESNO, case SHORT, CONSTRAINT ID_PK PRIMARY KEY(styleID) )"_s,
-            u" CREATE TABLE tab_todo (  todoID        COUNTER,  categoryID    LONG CONSTRAINT RfCategory_Todo"_s + toCategory +
+            u" CREATE TABLE tab_todo (  todoID        COUNTER,  categoryID    LONG CONSTRAINT RfCategory_Todo"_s +
+                toCategory +
                 u" name          TEXT(255),  description   LONGTEXT,  dateIn        DATETIME,  dateLastMod   DATETIME,  startDate     DATETIME,  dueDate       DATETIME,  endDate       DATETIME,  alarmOn       YESNO,    alarmDate     DATETIME,  priority          SHORT,  status            SHORT,  percentComplete   SHORT,  resources     LONGTEXT,  done          YESNO,  CONSTRAINT ID_PK PRIMARY KEY(todoID) )"_s,
             u"CREATE INDEX categoryID_IDX ON tab_todo (categoryID)"_s,
             u" CREATE TABLE tab_version (  versionID        COUNTER,  versionName          TEXT(255),  versionBuild         LONG,  dateMod        DATETIME,  CONSTRAINT ID_PK PRIMARY KEY(versionID) )"_s,
             u"CREATE TABLE tab_password ( passwordID COUNTER, passwordCategoryID LONG, title TEXT(255), userName TEXT(4000), password TEXT(4000), URL TEXT(2048), notes LONGTEXT, dateIn DATETIME, dateLastMod DATETIME, description LONGTEXT, CONSTRAINT ID_PK PRIMARY KEY(passwordID) )"_s,
             u"CREATE TABLE tab_passwordCategory ( passwordCategoryID COUNTER, name TEXT(255), description LONGTEXT, notes LONGTEXT, CONSTRAINT ID_PK PRIMARY KEY(passwordCategoryID) )"_s,
-            u"CREATE TABLE tab_bookmark ( bookmarkID COUNTER, categoryID LONG CONSTRAINT RfCategory_Bookmark"_s + toCategory +
+            u"CREATE TABLE tab_bookmark ( bookmarkID COUNTER, categoryID LONG CONSTRAINT RfCategory_Bookmark"_s +
+                toCategory +
                 u"name TEXT(255), url TEXT(2048), keywords TEXT(255), description LONGTEXT, dateIn DATETIME, dateLastMod DATETIME, CONSTRAINT ID_PK PRIMARY KEY(bookmarkID) )"_s,
             u"CREATE TABLE tab_note ( noteID COUNTER, content LONGTEXT, color TEXT(16), noteDate DATETIME, CONSTRAINT ID_PK PRIMARY KEY(noteID) )"_s,
             u"CREATE TABLE tab_option ( code TEXT(64), options LONGTEXT, CONSTRAINT ID_PK PRIMARY KEY (code) )"_s,

@@ -37,6 +37,7 @@ private slots:
     void find();
     void offsets();
     void offsetsOfBrokenText();
+    void anyCase();
 };
 
 void tst_cScintilla::init()
@@ -263,6 +264,21 @@ void tst_cScintilla::offsetsOfBrokenText()
             QCOMPARE(textOf(bytes.left(position)), text.left(utf16Offset(bytes, position)));
         }
     }
+}
+
+void tst_cScintilla::anyCase()
+{
+    using Found = std::pair<qsizetype, qsizetype>;
+    const QByteArray text = "дом ДОМА 🙂дом"; // Cyrillic letters have two bytes
+    const QByteArray wanted = "Дом";
+    QCOMPARE(findInAnyCase(text, 0, wanted, false), Found(0, 6));
+    QCOMPARE(findInAnyCase(text, 1, wanted, false), Found(7, 13)); // from inside a letter
+    QCOMPARE(findInAnyCase(text, 8, wanted, false), Found(20, 26));
+    QCOMPARE(findInAnyCase(text, 20, wanted, false), Found(20, 26));
+    QCOMPARE(findInAnyCase(text, 21, wanted, false), Found(-1, -1));
+    QCOMPARE(findInAnyCase("x ДОМА.дом", 0, wanted, true), Found(11, 17));
+    QCOMPARE(findInAnyCase("дом_ 1дом", 0, wanted, true), Found(-1, -1));
+    QCOMPARE(findInAnyCase("", 0, wanted, true), Found(-1, -1));
 }
 
 QTEST_GUILESS_MAIN(tst_cScintilla)
