@@ -86,6 +86,8 @@ std::intptr_t ScintillaView::send(unsigned message, std::uintptr_t wParam, std::
 {
     if (!isSafeMessage(message, wParam, lParam, size()))
         return 0;
+    if (message == SCI_CONVERTEOLS && raw(SCI_GETREADONLY) != 0)
+        return 0; // it would try for ever
     if (message == SCI_SETMARGINWIDTHN && wParam == numberMargin) {
         m_numberMargin = lParam;
         fitNumberMargin();

@@ -3,6 +3,7 @@
 
 // The languages, styles and keywords of the shipped archive, in the editor that shows them.
 
+#include "archive/modSchema.h"
 #include "memo/ScintillaView.h"
 #include "memo/cScintilla.h"
 #include "support/CoreSupport.h"
@@ -100,6 +101,7 @@ private slots:
     void styles();
     void offered();
     void tables();
+    void firstStart();
 
 private:
     void languageRows();
@@ -273,6 +275,17 @@ void tst_Languages::tables()
     unit.Execute(u"INSERT INTO tab_bookmark (categoryID, name) VALUES (2, 'here')"_s);
     unit.Execute(u"DELETE * FROM tab_category"_s);
     QVERIFY(unit.Open(u"SELECT * FROM tab_memo"_s).eof() && unit.Open(u"SELECT * FROM tab_bookmark"_s).eof());
+}
+
+// The program completes a fresh copy at its first start and leaves it alone at the second.
+void tst_Languages::firstStart()
+{
+    ArchiveFixture fixture;
+    fixture.questions.expect(u"Ver 3.0 - archive update completed successfully!"_s);
+    for (int start = 0; start < 2; ++start)
+        QVERIFY(UpdateArchiveVersion(fixture.archive));
+    QCOMPARE(fixture.value(u"SELECT COUNT(categoryID) FROM tab_category WHERE parentID = 0"_s), u"3"_s);
+    QCOMPARE(fixture.value(u"SELECT name FROM tab_category WHERE type = 2"_s), u"ToDo"_s);
 }
 
 QTEST_MAIN(tst_Languages)

@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/UiSupport.h"
 
+#include "archive/modSchema.h"
+
+#include <QApplication>
+#include <QTimer>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -37,4 +41,22 @@ std::optional<QString> ScriptedFiles::saveFile(const QString& title, const QStri
 std::optional<std::uint32_t> ScriptedFiles::pickColor(std::uint32_t)
 {
     return next(colors, u"colour"_s);
+}
+
+UiFixture::UiFixture()
+{
+    questions.expect(u"Ver 3.0 - archive update completed successfully!"_s);
+    UpdateArchiveVersion(archive);
+    questions.asked.clear();
+    statements.clear();
+}
+
+void whenModal(std::function<void(QWidget& window)> step)
+{
+    QTimer::singleShot(0, qApp, [step = std::move(step)] {
+        if (QWidget* window = QApplication::activeModalWidget())
+            step(*window);
+        else
+            whenModal(step);
+    });
 }

@@ -4,11 +4,17 @@
 
 #include "support/CoreSupport.h"
 
+#include "desktop/Desktop.h"
 #include "desktop/FileDialogs.h"
+#include "desktop/FrameServices.h"
 #include "desktop/Shell.h"
 
+#include <QHash>
 #include <QStringList>
 #include <deque>
+#include <functional>
+
+class QWidget;
 
 // File, colour and shell answers by script; what was asked is kept.
 class ScriptedFiles : public FileDialogs {
@@ -31,3 +37,31 @@ public:
     }
     QStringList opened;
 };
+
+// A frame that only remembers what was asked of it.
+class FakeFrame : public FrameServices {
+public:
+    void enableCommand(const QString& name, bool enabled) override { enabledCommands[name] = enabled; }
+    void checkCommand(const QString&, bool) override { }
+    void runCommand(const QString& name) override { ran.append(name); }
+    void setStatus(const QString& text) override { status = text; }
+    void popupMenu(const QString& name, const QPoint&) override { menus.append(name); }
+    void showView(const QString&) override { }
+
+    QHash<QString, bool> enabledCommands;
+    QStringList ran;
+    QStringList menus;
+    QString status;
+};
+
+// An archive that was started once, and everything that a window needs.
+struct UiFixture : ArchiveFixture {
+    UiFixture();
+    ScriptedFiles files;
+    ScriptedShell shell;
+    FakeFrame frame;
+    Desktop desktop{questions, files, shell, clock};
+};
+
+// Runs `step` when the next modal window is up. The step must close it.
+void whenModal(std::function<void(QWidget& window)> step);

@@ -15,16 +15,17 @@
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// A fault of the recipe, where it stands.
+// A fault of the recipe and where it stands; line 0 means the file as a whole.
 class RecipeError : public std::runtime_error {
 public:
     RecipeError(const QString& file, qsizetype line, const QString& what)
-        : std::runtime_error(u"%1:%2: %3"_s.arg(file).arg(line).arg(what).toStdString())
+        : std::runtime_error(QString(file + (line > 0 ? u":%1: "_s.arg(line) : u": "_s) + what).toStdString())
     {
     }
 };
@@ -80,7 +81,6 @@ public:
     }
 
     const QList<Row>& rows() const { return m_rows; }
-    const QString& path() const { return m_path; }
 
 private:
     QString m_path;
@@ -166,7 +166,7 @@ QHash<QString, QList<Style>> readStyles(const QString& folder, const QHash<QStri
     }
     for (auto role = palette.keyBegin(); role != palette.keyEnd(); ++role)
         if (!roles.contains(*role))
-            throw RecipeError(table.path(), 0, u"no style has the role '%1'"_s.arg(*role));
+            throw RecipeError(folder + u"/palette.tsv"_s, 0, u"no style has the role '%1'"_s.arg(*role));
     return families;
 }
 

@@ -1,0 +1,277 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "JetFixture.h"
+#include "RawSqlite.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+class tst_Connection : public QObject {
+    Q_OBJECT
+
+private slots:
+    void refusesWithoutWriting_data();
+    void refusesWithoutWriting();
+    void opensOddPaths();
+    void opensAfterDump();
+    void leavesWriteAheadLogging();
+    void readsDamagedText();
+    void addNew();
+    void addNewRefuses();
+    void otherProgramsLock();
+    void writeProtected();
+    void transactions();
+    void progress();
+    void closed();
+    void fileGuardsItself();
+};
+
+void tst_Connection::refusesWithoutWriting_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QByteArray>("sql"); // run on the file by plain SQLite
+    QTest::addColumn<QString>("words");
+    const QString unrecognized = u"Unrecognized database format"_s;
+    QTest::newRow("empty file") << QByteArray() << QByteArray() << unrecognized;
+    QTest::newRow("settings file") << QByteArray("[setup]\r\ndbfullpath=snipvale.SVA\r\n") << QByteArray()
+                                   << unrecognized;
+    QTest::newRow("picture") << QByteArray("\x89PNG\r\n\x1a\n") + QByteArray(5000, 'x') << QByteArray() << unrecognized;
+    QTest::newRow("one byte") << QByteArray("S") << QByteArray() << unrecognized;
+    QTest::newRow("only the magic") << QByteArray("SQLite format 3\0", 16) << QByteArray() << unrecognized;
+    QTest::newRow("header without pages")
+        << QByteArray("SQLite format 3\0", 16) + QByteArray(84, '\0') << QByteArray() << unrecognized;
+    QTest::newRow("another program's") << QByteArray()
+                                       << QByteArray("PRAGMA application_id=7; CREATE TABLE tab_category (x)")
+                                       << unrecognized;
+    QTest::newRow("any SQLite file") << QByteArray() << QByteArray("CREATE TABLE t (x)") << unrecognized;
+    QTest::newRow("any SQLite file with a log")
+        << QByteArray() << QByteArray("PRAGMA journal_mode=WAL; CREATE TABLE t (x)") << unrecognized;
+}
+
+void tst_Connection::refusesWithoutWriting()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QByteArray, sql);
+    QFETCH(QString, words);
+    QTemporaryDir folder;
+    const QString path = folder.filePath(u"x.SVA"_s);
+    writeBytes(path, bytes);
+    if (!sql.isEmpty())
+        QCOMPARE(RawSqlite(path).run(sql.constData()), SQLITE_OK);
+    const QStringList before = stateOf(folder.path());
+    jet::Connection connection;
+    const QString said = errorOf([&] { connection.Open(connectionString(path)); });
+    QVERIFY2(said.contains(words), qPrintable(said));
+    QCOMPARE(stateOf(folder.path()), before);
+}
+
+void tst_Connection::opensOddPaths()
+{
+    QTemporaryDir folder;
+    jet::Connection connection;
+    for (const QString& name :
+         {u"a;b.SVA"_s, u"Größe ж 文.SVA"_s, u"50% of?x#y&mode=ro.SVA"_s, u"it's \"mine\".SVA"_s, u"file:x.SVA"_s}) {
+        const QString path = folder.filePath(name);
+        connection.Create(path);
+        QVERIFY2(!errorOf([&] { connection.Create(path); }).isEmpty(), "an existing file must stay");
+        connection.Open(connectionString(path));
+        QVERIFY(QFile::exists(path));
+    }
+    QDir::setCurrent(folder.path());
+    connection.Open(connectionString(u"file:x.SVA"_s));
+    QVERIFY(errorOf([&] {
+                connection.Open(connectionString(folder.filePath(u"none.SVA"_s)));
+            }).startsWith(u"Could not find file '"_s));
+    QVERIFY(!QFile::exists(folder.filePath(u"none.SVA"_s)));
+    QVERIFY(!errorOf([&] { connection.Open(connectionString(folder.path())); }).isEmpty());
+    QVERIFY(!errorOf([&] { connection.Open(u"Provider=x;"_s); }).isEmpty());
+    QVERIFY(!errorOf([&] { connection.Open(u"Data Source=;"_s); }).isEmpty());
+}
+
+// A dump and restore loses the application id; the tables still tell what the file is.
+void tst_Connection::opensAfterDump()
+{
+    JetFixture fixture;
+    for (const char* log : {"DELETE", "WAL"}) {
+        fixture.connection.Close();
+        RawSqlite(fixture.path()).run((QByteArray("PRAGMA application_id=0; PRAGMA journal_mode=") + log).constData());
+        fixture.reopen();
+        QCOMPARE(fixture.rows(u"SELECT COUNT(categoryID) FROM tab_category"_s), u"2"_s);
+    }
+}
+
+void tst_Connection::leavesWriteAheadLogging()
+{
+    JetFixture fixture;
+    fixture.connection.Close();
+    {
+        RawSqlite other(fixture.path());
+        QCOMPARE(other.first("PRAGMA journal_mode=WAL"), QByteArray("wal"));
+        other.run("INSERT INTO tab_category (name) VALUES ('logged')");
+        fixture.reopen(); // while the other one has it open
+        QCOMPARE(fixture.connection.Execute(u"DELETE * FROM tab_category WHERE name = 'logged'"_s), 1);
+        fixture.connection.Close();
+    }
+    fixture.reopen();
+    QCOMPARE(bytesOf(fixture.path()).mid(18, 2), QByteArray("\1\1"));
+    QVERIFY(!QFile::exists(fixture.path() + u"-wal"_s));
+    QVERIFY(!QFile::exists(fixture.path() + u"-shm"_s));
+    QCOMPARE(fixture.rows(u"SELECT COUNT(categoryID) FROM tab_category"_s), u"2"_s);
+}
+
+void tst_Connection::readsDamagedText()
+{
+    JetFixture fixture;
+    RawSqlite(fixture.path()).run("INSERT INTO tab_note (content, color) VALUES (CAST(x'61ff6200c3' AS TEXT), NULL)");
+    const jet::Recordset set = fixture.connection.OpenRecordset(u"SELECT * FROM tab_note"_s);
+    QCOMPARE(set.utf8(set.index(u"content"_s)),
+             QByteArray("a\xff"
+                        "b\0\xc3",
+                        5));
+    QCOMPARE(set.text(u"content"_s).at(0), QChar(u'a'));
+    QVERIFY(set.isNull(u"color"_s) && set.text(u"color"_s).isEmpty() && !set.dateTime(u"noteDate"_s).isValid());
+}
+
+void tst_Connection::addNew()
+{
+    JetFixture fixture;
+    jet::Recordset set = fixture.connection.OpenRecordset(u"SELECT * FROM tab_ToDo where 1=2 "_s);
+    QVERIFY(set.eof());
+    const QDateTime moment(QDate(2026, 3, 4), QTime(9, 5));
+    const QString name = u"O'Brien \"x\" Größe 文 😀"_s;
+    for (int i = 1; i <= 2; ++i) {
+        set.AddNew({u"categoryID"_s, u"NAME"_s, u"dateIn"_s, u"startDate"_s, u"alarmOn"_s, u"done"_s, u"alarmDate"_s,
+                    u"priority"_s},
+                   {qint64(2), name, moment, jet::Null(), true, false, u"2024-3-7 9:5:0"_s, 3.0});
+        set.Update();
+        QVERIFY(!set.eof());
+        QCOMPARE(set.integer(u"TODOID"_s), i);
+    }
+    QCOMPARE(set.text(u"name"_s), name);
+    QCOMPARE(set.dateTime(u"dateIn"_s), moment);
+    QVERIFY(set.isNull(u"startDate"_s) && set.boolean(u"alarmOn"_s) && !set.boolean(u"done"_s));
+    QCOMPARE(set.integer(u"alarmOn"_s), -1);
+    QCOMPARE(set.text(u"alarmDate"_s), u"2024-03-07 09:05:00"_s);
+    set.moveNext();
+    QVERIFY(set.eof());
+    set.moveNext();
+    QVERIFY(set.eof());
+    // A key is not given out twice, not even the highest one.
+    fixture.connection.Execute(u"DELETE * FROM tab_todo WHERE todoID = 2"_s);
+    set.AddNew({u"name"_s}, {u"x"_s});
+    set.Update();
+    QCOMPARE(set.integer(u"todoID"_s), 3);
+}
+
+void tst_Connection::addNewRefuses()
+{
+    JetFixture fixture;
+    jet::Recordset set = fixture.connection.OpenRecordset(u"SELECT * FROM tab_todo WHERE 1=2"_s);
+    const auto add = [&](const QStringList& names, const std::vector<jet::Value>& values) {
+        return errorOf([&] {
+            set.AddNew(names, values);
+            set.Update();
+        });
+    };
+    QVERIFY(add({u"name"_s, u"done"_s}, {u"x"_s}).contains(u"not the same"_s));
+    QVERIFY(add({}, {}).contains(u"not the same"_s));
+    QVERIFY(add({u"nosuch"_s}, {u"x"_s}).contains(u"nosuch"_s));
+    QVERIFY(add({u"name"_s}, {QString(256, u'x')}).contains(u"too small"_s));
+    QVERIFY(add({u"dueDate"_s}, {u"soon"_s}).contains(u"date"_s));
+    QVERIFY(add({u"categoryID"_s}, {qint64(77)}).contains(u"related record"_s));
+    QVERIFY(errorOf([&] { set.Update(); }).contains(u"AddNew"_s));
+    jet::Recordset join = fixture.connection.OpenRecordset(
+        u"SELECT tab_todo.name, tab_category.name FROM tab_todo INNER JOIN tab_category ON tab_todo.categoryID = tab_category.categoryID"_s);
+    QVERIFY(errorOf([&] { join.AddNew({u"name"_s}, {u"x"_s}); }).contains(u"one table"_s));
+    QCOMPARE(fixture.rows(u"SELECT COUNT(todoID) FROM tab_todo"_s), u"0"_s);
+    QCOMPARE(add({u"name"_s}, {QString(255, u'x')}), QString());
+}
+
+void tst_Connection::otherProgramsLock()
+{
+    JetFixture fixture;
+    RawSqlite other(fixture.path());
+    QCOMPARE(other.run("BEGIN IMMEDIATE"), SQLITE_OK);
+    QCOMPARE(fixture.rows(u"SELECT name FROM tab_category WHERE type = 0"_s), u"Code"_s); // reading goes on
+    const QString said = errorOf([&] { fixture.connection.Execute(u"DELETE * FROM tab_category"_s); });
+    QVERIFY2(said.contains(u"in use by another program"_s) && said.contains(fixture.path()), qPrintable(said));
+    other.run("ROLLBACK");
+    QCOMPARE(fixture.connection.Execute(u"DELETE * FROM tab_category"_s), 2);
+}
+
+void tst_Connection::writeProtected()
+{
+    if (geteuid() == 0)
+        QSKIP("write protection does not bind this user");
+    JetFixture fixture;
+    chmod(QFile::encodeName(fixture.path()).constData(), 0444);
+    fixture.reopen();
+    QVERIFY(
+        errorOf([&] { fixture.connection.Execute(u"DELETE * FROM tab_category"_s); }).contains(u"write-protected"_s));
+    QCOMPARE(fixture.rows(u"SELECT COUNT(categoryID) FROM tab_category"_s), u"2"_s);
+}
+
+void tst_Connection::transactions()
+{
+    JetFixture fixture;
+    const QString insert = u"INSERT INTO tab_category (name) VALUES ('new')"_s,
+                  count = u"SELECT COUNT(categoryID) FROM tab_category"_s;
+    {
+        jet::Connection::Transaction all(fixture.connection);
+        fixture.connection.Execute(insert);
+        QVERIFY(!errorOf([&] { jet::Connection::Transaction second(fixture.connection); }).isEmpty());
+        QCOMPARE(fixture.rows(count), u"3"_s);
+    }
+    QCOMPARE(fixture.rows(count), u"2"_s);
+    jet::Connection::Transaction all(fixture.connection);
+    fixture.connection.Execute(insert);
+    all.commit();
+    fixture.reopen();
+    QCOMPARE(fixture.rows(count), u"3"_s);
+}
+
+void tst_Connection::progress()
+{
+    JetFixture fixture;
+    fixture.addMemos(60);
+    const QString endless =
+        u"SELECT COUNT(a.memoID) AS n FROM tab_memo AS a, tab_memo AS b, tab_memo AS c, tab_memo AS d, tab_memo AS e"_s;
+    int calls = 0;
+    fixture.connection.onProgress([&] { return ++calls < 3; });
+    QCOMPARE(errorOf([&] { fixture.connection.OpenRecordset(endless); }), u"The operation was stopped."_s);
+    QCOMPARE(calls, 3);
+    fixture.connection.onProgress([]() -> bool { throw std::bad_alloc(); });
+    QCOMPARE(errorOf([&] { fixture.connection.OpenRecordset(endless); }), u"The operation was stopped."_s);
+    fixture.connection.onProgress({});
+    QCOMPARE(fixture.rows(u"SELECT COUNT(memoID) FROM tab_memo"_s), u"60"_s);
+}
+
+void tst_Connection::closed()
+{
+    JetFixture fixture;
+    fixture.connection.Close();
+    fixture.connection.Close();
+    QVERIFY(errorOf([&] { fixture.connection.Execute(u"DELETE * FROM tab_memo"_s); }).contains(u"closed"_s));
+    QVERIFY(errorOf([&] { fixture.connection.tables(); }).contains(u"closed"_s));
+    QVERIFY(errorOf([&] { jet::Connection::Transaction all(fixture.connection); }).contains(u"closed"_s));
+}
+
+// The plain shell can read and write the file, and cannot put nonsense into it.
+void tst_Connection::fileGuardsItself()
+{
+    JetFixture fixture;
+    RawSqlite shell(fixture.path());
+    for (const char* bad :
+         {"INSERT INTO tab_todo (dueDate) VALUES ('2023-02-29 00:00:00')",
+          "INSERT INTO tab_todo (dueDate) VALUES ('1.1.2025')", "INSERT INTO tab_todo (done) VALUES (1)",
+          "INSERT INTO tab_todo (done) VALUES (NULL)", "INSERT INTO tab_todo (priority) VALUES ('high')",
+          "INSERT INTO tab_todo (name) VALUES (printf('%.*c', 256, 'x'))"})
+        QCOMPARE(shell.run(bad) & 0xFF, SQLITE_CONSTRAINT);
+    QCOMPARE(shell.run("INSERT INTO tab_todo (name, dueDate, done) VALUES ('Ä', '2024-02-29 12:00:00', -1)"),
+             SQLITE_OK);
+    QCOMPARE(shell.first("PRAGMA integrity_check"), QByteArray("ok"));
+    QCOMPARE(fixture.rows(u"SELECT name FROM tab_todo WHERE name = 'ä' AND dueDate > #2/29/2024#"_s), u"Ä"_s);
+}
+
+QTEST_GUILESS_MAIN(tst_Connection)
+#include "tst_Connection.moc"

@@ -1,0 +1,163 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "FailingDisk.h"
+#include "JetFixture.h"
+#include "RawSqlite.h"
+
+#include "jet/Maintenance.h"
+
+#include <random>
+
+// What a full or broken disk and a damaged file may cost: never more than the change that was going on.
+class tst_Faults : public QObject {
+    Q_OBJECT
+
+private slots:
+    void savesOrNot_data();
+    void savesOrNot();
+    void transactionOrNothing();
+    void compactsOrNot();
+    void damagedFiles();
+};
+
+void tst_Faults::savesOrNot_data()
+{
+    QTest::addColumn<int>("code");
+    QTest::newRow("full") << SQLITE_FULL;
+    QTest::newRow("broken") << SQLITE_IOERR_WRITE;
+}
+
+void tst_Faults::savesOrNot()
+{
+    QFETCH(int, code);
+    FailingDisk disk;
+    JetFixture fixture;
+    fixture.addMemos(30);
+    int failures = 0;
+    for (int change = 1;; ++change) {
+        const QString query =
+            u"SELECT MIN(memoDescription), MAX(memoDescription), COUNT(memoID) FROM tab_memo WHERE memoID < 20"_s;
+        fixture.reopen();
+        const QString before = fixture.rows(query),
+                      text = QString(3000, QChar(u'a' + change % 26)) + QString::number(change);
+        const QString after = text + u'|' + text + u"|19"_s;
+        disk.failFrom(change, code);
+        const QString said = errorOf([&] {
+            fixture.connection.Execute(u"UPDATE tab_memo SET memoDescription = '"_s + text + u"' WHERE memoID < 20"_s);
+        });
+        const bool failed = disk.hasFailed();
+        fixture.connection.Close();
+        disk.works();
+        fixture.reopen();
+        const QString now = fixture.rows(query);
+        QVERIFY2(now == after || (now == before && !said.isEmpty()), qPrintable(said + u'\n' + now.left(60)));
+        QCOMPARE(RawSqlite(fixture.path()).first("PRAGMA integrity_check"), QByteArray("ok"));
+        if (!failed) {
+            QCOMPARE(said, QString());
+            break;
+        }
+        failures += !said.isEmpty();
+        if (!said.isEmpty())
+            QVERIFY2(said.contains(u"disk"_s, Qt::CaseInsensitive), qPrintable(said));
+    }
+    QVERIFY2(failures > 10, qPrintable(QString::number(failures)));
+}
+
+// SQLite may end a transaction by itself when the disk is full. What is written after that must not stay alone.
+void tst_Faults::transactionOrNothing()
+{
+    FailingDisk disk;
+    JetFixture fixture;
+    for (int change = 1; change < 40; ++change) {
+        {
+            jet::Connection::Transaction all(fixture.connection);
+            disk.failFrom(change, SQLITE_FULL);
+            const QString first = errorOf([&] {
+                fixture.connection.Execute(u"INSERT INTO tab_note (content) VALUES ('"_s + QString(5'000'000, u'x') +
+                                           u"')"_s);
+            });
+            disk.works();
+            if (first.isEmpty())
+                break;
+            errorOf([&] {
+                fixture.connection.Execute(u"INSERT INTO tab_note (content) VALUES ('second')"_s);
+                if (first.isEmpty())
+                    all.commit();
+            });
+        }
+        QCOMPARE(fixture.rows(u"SELECT COUNT(noteID) FROM tab_note"_s), u"0"_s);
+    }
+}
+
+void tst_Faults::compactsOrNot()
+{
+    FailingDisk disk;
+    JetFixture fixture;
+    fixture.addMemos(60);
+    fixture.connection.Execute(u"DELETE * FROM tab_memo WHERE memoID > 20"_s);
+    fixture.connection.Close();
+    const QByteArray before = bytesOf(fixture.path());
+    for (int change = 1;; ++change) {
+        disk.failFrom(change, change % 2 ? SQLITE_FULL : SQLITE_IOERR_WRITE);
+        const QString said = errorOf([&] { jet::compactArchive(fixture.path(), fixture.path(u"temporary"_s)); });
+        const bool failed = disk.hasFailed();
+        disk.works();
+        QCOMPARE(QDir(QFileInfo(fixture.path()).path()).entryList(QDir::Files | QDir::Hidden),
+                 QStringList{u"scratch.SVA"_s});
+        if (!failed)
+            break;
+        QVERIFY2(!said.isEmpty() && bytesOf(fixture.path()) == before, qPrintable(said));
+    }
+    fixture.reopen();
+    QCOMPARE(fixture.rows(u"SELECT COUNT(memoID) FROM tab_memo"_s), u"20"_s);
+    QVERIFY(bytesOf(fixture.path()).size() < before.size());
+}
+
+// Any damage ends in rows or in a description, and compacting it keeps the damaged file.
+void tst_Faults::damagedFiles()
+{
+    JetFixture fixture;
+    fixture.addMemos(120);
+    fixture.connection.Close();
+    const QByteArray sound = bytesOf(fixture.path());
+    const qsizetype pages = sound.size() / 4096;
+    std::mt19937 random(5);
+    int described = 0;
+    for (int round = 0; round < 120; ++round) {
+        QByteArray bytes = sound;
+        const qsizetype page = round % pages * 4096;
+        if (round % 4 == 0)
+            bytes.truncate(random() % sound.size());
+        else if (round % 4 == 1)
+            bytes.replace(page, 4096, QByteArray(4096, '\0'));
+        else
+            for (int n = round % 4 == 2 ? 1 : 400; n; --n)
+                bytes[page + random() % 4096] = static_cast<char>(random());
+        QTemporaryDir folder;
+        const QString path = folder.filePath(u"x.SVA"_s);
+        writeBytes(path, bytes);
+        const auto check = [&](const QString& said) { described += said.size() > 10; };
+        check(errorOf([&] {
+            jet::Connection connection;
+            connection.Open(connectionString(path));
+            for (jet::Recordset set =
+                     connection.OpenRecordset(u"SELECT * FROM tab_memo WHERE snipVale LIKE '%xy%' OR memoID > 0"_s);
+                 !set.eof(); set.moveNext())
+                set.text(u"snipVale"_s);
+            connection.Execute(u"UPDATE tab_memo SET memoName = 'new' WHERE memoID < 60"_s);
+            connection.Execute(u"DELETE * FROM tab_memo WHERE memoID IN (3, 100)"_s);
+        }));
+        const QByteArray before = bytesOf(path);
+        check(errorOf([&] {
+            const jet::CompactResult result = jet::compactArchive(path, folder.filePath(u"temporary"_s));
+            QCOMPARE(bytesOf(result.damagedCopy).isEmpty(), !result.wasDamaged);
+            QCOMPARE(RawSqlite(path).first("PRAGMA quick_check"), QByteArray("ok"));
+        }));
+        QVERIFY(!QFile::exists(folder.filePath(u"temporary"_s)));
+        QVERIFY(QFile::exists(path));
+    }
+    QVERIFY(described > 20);
+}
+
+QTEST_GUILESS_MAIN(tst_Faults)
+#include "tst_Faults.moc"

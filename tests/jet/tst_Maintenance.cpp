@@ -1,0 +1,289 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "JetFixture.h"
+#include "RawSqlite.h"
+
+#include "jet/Maintenance.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+class tst_Maintenance : public QObject {
+    Q_OBJECT
+
+private slots:
+    void compacts();
+    void throughLink();
+    void refusesItself_data();
+    void refusesItself();
+    void leavesAllAlone();
+    void oddValuesAreNoDamage();
+    void salvages_data();
+    void salvages();
+    void salvagesTwice();
+    void adoptsOrphans();
+    void copies();
+    void copyRefuses();
+};
+
+namespace {
+
+struct Archive : JetFixture {
+    explicit Archive(int memos)
+    {
+        addMemos(memos);
+        connection.Close();
+    }
+    QString temporary() const { return path(u"temp.mdb"_s); }
+    QString folder() const { return QFileInfo(path()).path(); }
+    QStringList names() const
+    {
+        return QDir(folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    }
+    QString memos(const QString& query = u"SELECT COUNT(memoID) FROM tab_memo"_s)
+    {
+        reopen();
+        const QString result = rows(query);
+        connection.Close();
+        return result;
+    }
+    void zero(const QList<qsizetype>& pages) const
+    {
+        QByteArray bytes = bytesOf(path());
+        for (const qsizetype page : pages)
+            bytes.replace(page * 4096, 4096, QByteArray(4096, '\0'));
+        writeBytes(path(), bytes);
+    }
+    qsizetype rootPage(const char* table) const
+    {
+        return RawSqlite(path())
+                   .first((QByteArray("SELECT rootpage FROM sqlite_schema WHERE name = '") + table + "'").constData())
+                   .toLongLong() -
+            1;
+    }
+};
+
+} // namespace
+
+void tst_Maintenance::compacts()
+{
+    Archive archive(400);
+    archive.reopen();
+    archive.connection.Execute(u"DELETE * FROM tab_memo WHERE memoID > 100"_s);
+    archive.connection.Close();
+    writeBytes(archive.temporary(), "left over");
+    writeBytes(archive.temporary() + u"-journal"_s, "left over");
+    chmod(QFile::encodeName(archive.path()).constData(), 0640);
+    const jet::CompactResult result = jet::compactArchive(archive.path(), archive.temporary());
+    QVERIFY(!result.wasDamaged);
+    QVERIFY2(result.bytesNow * 2 < result.bytesBefore && result.bytesNow == QFileInfo(archive.path()).size(),
+             qPrintable(QString::number(result.bytesNow)));
+    QCOMPARE(archive.names(), QStringList{u"scratch.SVA"_s});
+    QCOMPARE(archive.memos(), u"100"_s);
+    struct stat status { };
+    stat(QFile::encodeName(archive.path()).constData(), &status);
+    QCOMPARE(status.st_mode & 0777, 0640U);
+    archive.reopen(); // the counter and the header are the old ones
+    jet::Recordset set = archive.connection.OpenRecordset(u"SELECT * FROM tab_memo WHERE 1=2"_s);
+    set.AddNew({u"memoName"_s}, {u"x"_s});
+    set.Update();
+    QCOMPARE(set.integer(u"memoID"_s), 401);
+    QCOMPARE(RawSqlite(archive.path()).first("PRAGMA application_id"), QByteArray("1398161713"));
+}
+
+void tst_Maintenance::throughLink()
+{
+    Archive archive(20);
+    QTemporaryDir elsewhere;
+    const QString link = elsewhere.filePath(u"link.SVA"_s);
+    QVERIFY(QFile::link(archive.path(), link));
+    jet::compactArchive(link, elsewhere.filePath(u"temp.mdb"_s));
+    QVERIFY(QFileInfo(link).isSymLink());
+    QVERIFY(!QFileInfo(archive.path()).isSymLink());
+    QCOMPARE(QDir(elsewhere.path()).entryList(QDir::Files), QStringList{u"link.SVA"_s});
+    QCOMPARE(archive.memos(), u"20"_s);
+    QVERIFY(jet::isSameFile(link, archive.path()));
+}
+
+void tst_Maintenance::refusesItself_data()
+{
+    QTest::addColumn<QString>("kind");
+    for (const char* kind : {"same", "dots", "hard link", "symbolic link", "journal name", "folder"})
+        QTest::newRow(kind) << QString::fromUtf8(kind);
+}
+
+void tst_Maintenance::refusesItself()
+{
+    QFETCH(QString, kind);
+    Archive archive(5);
+    QString temporary = archive.temporary();
+    if (kind == u"same"_s)
+        temporary = archive.path();
+    else if (kind == u"dots"_s)
+        temporary = archive.folder() + u"/../"_s + QFileInfo(archive.folder()).fileName() + u"/./scratch.SVA"_s;
+    else if (kind == u"hard link"_s)
+        QCOMPARE(link(QFile::encodeName(archive.path()).constData(), QFile::encodeName(temporary).constData()), 0);
+    else if (kind == u"symbolic link"_s)
+        QVERIFY(QFile::link(archive.path(), temporary));
+    else if (kind == u"journal name"_s)
+        temporary = archive.path() + u"-journal"_s;
+    else
+        QVERIFY(QDir().mkdir(temporary));
+    const QStringList before = stateOf(archive.folder());
+    QVERIFY(!errorOf([&] { jet::compactArchive(archive.path(), temporary); }).isEmpty());
+    QCOMPARE(stateOf(archive.folder()), before);
+    if (kind != u"folder"_s)
+        QVERIFY(!errorOf([&] { jet::copyArchive(archive.path(), temporary); }).isEmpty());
+    QCOMPARE(stateOf(archive.folder()), before);
+    QCOMPARE(archive.memos(), u"5"_s);
+}
+
+void tst_Maintenance::leavesAllAlone()
+{
+    Archive archive(5);
+    const QStringList before = stateOf(archive.folder());
+    {
+        RawSqlite other(archive.path());
+        QCOMPARE(other.run("BEGIN IMMEDIATE"), SQLITE_OK);
+        QVERIFY(errorOf([&] { jet::compactArchive(archive.path(), archive.temporary()); }).contains(u"in use"_s));
+    }
+    QCOMPARE(stateOf(archive.folder()), before);
+    QVERIFY(errorOf([&] {
+                jet::compactArchive(archive.path(u"none"_s), archive.temporary());
+            }).contains(u"Could not find"_s));
+    const QString ini = archive.path(u"x.ini"_s);
+    writeBytes(ini, "[setup]\n");
+    writeBytes(archive.temporary(), "mine");
+    QVERIFY(errorOf([&] { jet::compactArchive(ini, archive.temporary()); }).contains(u"Unrecognized"_s));
+    QCOMPARE(bytesOf(ini), QByteArray("[setup]\n"));
+    QCOMPARE(bytesOf(archive.temporary()), QByteArray("mine"));
+}
+
+// A row that another tool wrote against the rules of a column is compacted like any other.
+void tst_Maintenance::oddValuesAreNoDamage()
+{
+    Archive archive(5);
+    RawSqlite(archive.path())
+        .run("PRAGMA ignore_check_constraints=ON; INSERT INTO tab_todo (name, dueDate, done) VALUES ('odd', "
+             "'1.1.2025', 1)");
+    QVERIFY(!jet::compactArchive(archive.path(), archive.temporary()).wasDamaged);
+    QCOMPARE(archive.memos(u"SELECT name, dueDate, done FROM tab_todo"_s), u"odd|1.1.2025|1"_s);
+}
+
+void tst_Maintenance::salvages_data()
+{
+    QTest::addColumn<QList<int>>("percent"); // places in the file whose pages are zeroed
+    QTest::addColumn<int>("cutTo"); // percent of the length
+    QTest::addColumn<int>("atLeast"); // memos of 1000
+    QTest::newRow("one page") << QList<int>{50} << 100 << 990;
+    QTest::newRow("last page") << QList<int>{99} << 100 << 990;
+    QTest::newRow("many pages") << QList<int>{20, 21, 22, 30, 40, 55, 56, 70, 85, 86, 98} << 100 << 920;
+    QTest::newRow("cut off") << QList<int>{} << 60 << 500;
+}
+
+void tst_Maintenance::salvages()
+{
+    QFETCH(QList<int>, percent);
+    QFETCH(int, cutTo);
+    QFETCH(int, atLeast);
+    Archive archive(1000);
+    const qsizetype pages = bytesOf(archive.path()).size() / 4096;
+    QList<qsizetype> zeroed;
+    for (const int at : percent)
+        zeroed.append(pages * at / 100);
+    archive.zero(zeroed);
+    if (cutTo < 100)
+        QFile::resize(archive.path(), pages * cutTo / 100 * 4096);
+    const QByteArray damaged = bytesOf(archive.path());
+    const jet::CompactResult result = jet::compactArchive(archive.path(), archive.temporary());
+    QVERIFY(result.wasDamaged);
+    QCOMPARE(result.damagedCopy, archive.path() + u".damaged"_s);
+    QCOMPARE(bytesOf(result.damagedCopy), damaged);
+    QCOMPARE(archive.names(), (QStringList{u"scratch.SVA"_s, u"scratch.SVA.damaged"_s}));
+    const int kept = archive.memos().toInt();
+    QVERIFY2(kept >= atLeast && kept < 1000, qPrintable(QString::number(kept)));
+    QCOMPARE(archive.memos(u"SELECT COUNT(memoID) FROM tab_memo WHERE snipVale = '"_s + QString(900, u'x') + u'\''),
+             QString::number(kept));
+    QCOMPARE(RawSqlite(archive.path()).first("PRAGMA integrity_check"), QByteArray("ok"));
+    // Everything is as it was made: keys go on, relations and indexes hold.
+    archive.reopen();
+    jet::Recordset set = archive.connection.OpenRecordset(u"SELECT * FROM tab_memo WHERE 1=2"_s);
+    set.AddNew({u"categoryID"_s}, {qint64(1)});
+    set.Update();
+    QVERIFY(set.integer(u"memoID"_s) > kept);
+    QCOMPARE(archive.rows(u"SELECT COUNT(name) FROM sqlite_schema WHERE type = 'index' AND sql LIKE '%'"_s), u"3"_s);
+    archive.connection.Execute(u"DELETE * FROM tab_category WHERE categoryID = 1"_s);
+    QCOMPARE(archive.rows(u"SELECT COUNT(memoID) FROM tab_memo"_s), u"0"_s);
+}
+
+void tst_Maintenance::salvagesTwice()
+{
+    Archive archive(200);
+    for (const QString& expected : {u".damaged"_s, u".damaged-2"_s, u".damaged-3"_s}) {
+        archive.zero({bytesOf(archive.path()).size() / 4096 / 2});
+        QCOMPARE(jet::compactArchive(archive.path(), archive.temporary()).damagedCopy, archive.path() + expected);
+    }
+    QVERIFY(!jet::compactArchive(archive.path(), archive.temporary()).wasDamaged);
+    // Without its first page nothing says what the file holds: it stays as it is.
+    archive.zero({0});
+    const QStringList before = stateOf(archive.folder());
+    QVERIFY(!errorOf([&] { jet::compactArchive(archive.path(), archive.temporary()); }).isEmpty());
+    QCOMPARE(stateOf(archive.folder()), before);
+}
+
+// Memos whose categories are lost would be nowhere in the program.
+void tst_Maintenance::adoptsOrphans()
+{
+    Archive archive(50);
+    archive.zero({archive.rootPage("tab_category")});
+    QVERIFY(jet::compactArchive(archive.path(), archive.temporary()).wasDamaged);
+    QCOMPARE(archive.memos(), u"50"_s);
+    QCOMPARE(
+        archive.memos(
+            u"SELECT tab_category.name, tab_category.parentID, COUNT(tab_memo.memoID) AS n FROM tab_category INNER JOIN tab_memo ON tab_category.categoryID = tab_memo.categoryID GROUP BY tab_category.name, tab_category.parentID"_s),
+        u"Recovered 1|0|50"_s);
+}
+
+void tst_Maintenance::copies()
+{
+    Archive archive(30);
+    const QString target = archive.path(u"copy;'x'.SVA"_s);
+    jet::copyArchive(archive.path(), target);
+    JetFixture other;
+    other.connection.Open(connectionString(target));
+    QCOMPARE(other.rows(u"SELECT COUNT(memoID) FROM tab_memo"_s), u"30"_s);
+    other.connection.Close();
+    // Over an old file, through a link, with what a killed program left beside it.
+    const QString link = archive.path(u"link.SVA"_s);
+    QVERIFY(QFile::link(target, link));
+    writeBytes(target + u"-journal"_s, QByteArray(1024, '\0'));
+    archive.reopen();
+    archive.connection.Execute(u"DELETE * FROM tab_memo WHERE memoID > 3"_s); // still open
+    jet::copyArchive(archive.path(), link);
+    QVERIFY(QFileInfo(link).isSymLink());
+    QVERIFY(!QFile::exists(target + u"-journal"_s));
+    other.connection.Open(connectionString(target));
+    QCOMPARE(other.rows(u"SELECT COUNT(memoID) FROM tab_memo"_s), u"3"_s);
+    QCOMPARE(archive.names(), (QStringList{u"copy;'x'.SVA"_s, u"link.SVA"_s, u"scratch.SVA"_s}));
+}
+
+void tst_Maintenance::copyRefuses()
+{
+    Archive archive(5);
+    const QString ini = archive.path(u"x.ini"_s), target = archive.path(u"target.SVA"_s);
+    writeBytes(ini, "[setup]\n");
+    jet::copyArchive(archive.path(), target);
+    const QStringList before = stateOf(archive.folder());
+    QVERIFY(errorOf([&] { jet::copyArchive(ini, target); }).contains(u"Unrecognized"_s));
+    QVERIFY(errorOf([&] { jet::copyArchive(archive.path(u"none"_s), target); }).contains(u"Could not find"_s));
+    QVERIFY(!errorOf([&] { jet::copyArchive(archive.path(), archive.path(u"no/such/folder.SVA"_s)); }).isEmpty());
+    {
+        RawSqlite other(target);
+        QCOMPARE(other.run("BEGIN IMMEDIATE"), SQLITE_OK);
+        QVERIFY(errorOf([&] { jet::copyArchive(archive.path(), target); }).contains(u"in use"_s));
+    }
+    QCOMPARE(stateOf(archive.folder()), before);
+}
+
+QTEST_GUILESS_MAIN(tst_Maintenance)
+#include "tst_Maintenance.moc"
