@@ -42,9 +42,14 @@ void Query::bind(int place, const Cell& value)
         throwSqliteError(m_database, result);
 }
 
+int Query::tryStep() noexcept
+{
+    return sqlite3_step(handle());
+}
+
 bool Query::step()
 {
-    const int result = sqlite3_step(handle());
+    const int result = tryStep();
     if (result != SQLITE_ROW && result != SQLITE_DONE)
         throwSqliteError(m_database, result);
     return result == SQLITE_ROW;

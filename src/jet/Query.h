@@ -20,6 +20,7 @@ public:
 
     void bind(int place, const Cell& value); // from 1
     bool step(); // true: a row
+    int tryStep() noexcept; // SQLite's result code instead of an Error
     void reset();
     sqlite3_stmt* handle() const { return m_statement.get(); }
 

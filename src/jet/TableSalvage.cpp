@@ -3,18 +3,19 @@
 #include "jet/TableSalvage.h"
 
 #include "jet/Dialect.h"
+#include "jet/SqliteError.h"
 
 #include <algorithm>
+#include <deque>
 #include <limits>
 #include <sqlite3.h>
-#include <vector>
 
 namespace jet {
 namespace {
 
-bool isUnreadable(const Error& error)
+bool isUnreadable(int result)
 {
-    const int code = error.code() & 0xFF;
+    const int code = result & 0xFF;
     return code == SQLITE_CORRUPT || code == SQLITE_IOERR || code == SQLITE_NOTADB;
 }
 
@@ -42,33 +43,41 @@ TableSalvage::TableSalvage(sqlite3* from, sqlite3* to, const std::string& table)
 
 void TableSalvage::run()
 {
-    constexpr Key first = std::numeric_limits<Key>::min(), last = std::numeric_limits<Key>::max();
+    // Beyond these, a key is damage itself; as the highest one it would end the giving out of new keys.
+    constexpr Key first = std::numeric_limits<std::int32_t>::min(), last = std::numeric_limits<std::int32_t>::max();
     const std::optional<Key> low = copy(m_upwards, first, last, true);
     if (!low)
         return;
     const Key from = *low == first ? 0 : *low; // keys count from 1
     const std::optional<Key> high = copy(m_downwards, from, last, false);
-    if (high)
-        copyAround(from, *high == last ? highestKey(from) : *high);
+    if (!high)
+        return;
+    constexpr Key farther = 100'000; // a good guess when the end of the table is gone
+    copyBetween(from, std::min(*high, counter().value_or(*high == last ? from + farther : *high)));
 }
 
-void TableSalvage::copyAround(Key low, Key high)
+// The big halves first, so that all that is sound between damaged places is found early.
+void TableSalvage::copyBetween(Key low, Key high)
 {
     struct Range {
         Key from, to;
     };
-    std::vector<Range> ranges{{low, high}};
-    // Each round looks twice. The limit is for keys that are astronomically far apart.
-    for (int rounds = 1'000'000; !ranges.empty() && rounds; --rounds) {
-        const Range range = ranges.back();
-        ranges.pop_back();
-        const std::optional<Key> from = copy(m_upwards, range.from, range.to, true);
+    std::deque<Range> ranges{{low, high}};
+    constexpr int enough = 20'000; // looks in a row that found nothing more
+    for (int fruitless = 0; !ranges.empty() && fruitless < enough; ++fruitless) {
+        const Range range = ranges.front();
+        ranges.pop_front();
+        const std::int64_t rowsBefore = m_rows;
+        const std::optional<Key> from =
+            range.from <= range.to ? copy(m_upwards, range.from, range.to, true) : std::nullopt;
         const std::optional<Key> to = from ? copy(m_downwards, *from, range.to, false) : std::nullopt;
+        if (m_rows > rowsBefore)
+            fruitless = 0;
         if (!to || *to <= *from)
             continue;
         const Key middle = *from + (*to - *from) / 2;
-        ranges.push_back({middle + 1, *to});
         ranges.push_back({*from, middle});
+        ranges.push_back({middle + 1, *to});
     }
 }
 
@@ -79,14 +88,13 @@ std::optional<TableSalvage::Key> TableSalvage::copy(Query& rows, Key from, Key t
     rows.bind(1, Cell(from));
     rows.bind(2, Cell(to));
     for (Key next = upwards ? from : to;;) {
-        try {
-            if (!rows.step())
-                return std::nullopt;
-        } catch (const Error& error) {
-            if (!isUnreadable(error))
-                throw;
+        const int result = rows.tryStep();
+        if (isUnreadable(result))
             return next;
-        }
+        if (result != SQLITE_ROW && result != SQLITE_DONE)
+            throwSqliteError(m_from, result);
+        if (result == SQLITE_DONE)
+            return std::nullopt;
         const Key key = rows.integer(0);
         insertRow(rows.handle());
         if (key == (upwards ? to : from))
@@ -100,27 +108,25 @@ void TableSalvage::insertRow(sqlite3_stmt* row)
     m_insert.reset();
     for (int i = 1, n = sqlite3_column_count(row); i < n; ++i)
         sqlite3_bind_value(m_insert.handle(), i, sqlite3_column_value(row, i));
-    try {
-        m_insert.step();
-    } catch (const Error& error) {
-        const int code = error.code() & 0xFF;
-        if (code != SQLITE_CONSTRAINT && code != SQLITE_MISMATCH) // those: a row that damage made impossible
-            throw;
-    }
+    const int result = m_insert.tryStep();
+    if (result == SQLITE_DONE)
+        ++m_rows;
+    else if ((result & 0xFF) != SQLITE_CONSTRAINT &&
+             (result & 0xFF) != SQLITE_MISMATCH) // a row that damage made impossible
+        throwSqliteError(m_to, result);
 }
 
-// What the table's counter remembers; else a good guess, when the end of the table is gone.
-TableSalvage::Key TableSalvage::highestKey(Key atLeast) const
+// The highest key that was ever given out, where the table counts and its counter can be read.
+std::optional<TableSalvage::Key> TableSalvage::counter() const
 {
-    constexpr Key farther = 100'000;
     try {
         Query counter(m_from, "SELECT seq FROM sqlite_sequence WHERE name = ?");
         counter.bind(1, m_table);
         if (counter.step())
-            return std::max(counter.integer(0), atLeast);
+            return counter.integer(0);
     } catch (const Error&) {
     } // no table here counts, or the counters are damaged too
-    return atLeast + farther;
+    return std::nullopt;
 }
 
 } // namespace jet

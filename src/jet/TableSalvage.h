@@ -10,7 +10,7 @@
 namespace jet {
 
 // Copies the rows of one damaged table, by ranges of keys. Where reading breaks off, the rest is tried from the
-// other end, then in halves, until only the keys in damaged pages are left.
+// other end, then in ever smaller halves, until only the keys in damaged pages are left. Keys have 32 bits.
 class TableSalvage {
 public:
     TableSalvage(sqlite3* from, sqlite3* to, const std::string& table); // throws Error
@@ -19,14 +19,16 @@ public:
 private:
     using Key = std::int64_t;
 
-    void copyAround(Key low, Key high);
+    void copyBetween(Key low, Key high);
     std::optional<Key> copy(Query& rows, Key from, Key to, bool upwards);
     void insertRow(sqlite3_stmt* row);
-    Key highestKey(Key atLeast) const;
+    std::optional<Key> counter() const;
 
     std::string m_table;
     sqlite3* m_from;
+    sqlite3* m_to;
     Query m_upwards, m_downwards, m_insert;
+    std::int64_t m_rows = 0; // copied so far
 };
 
 } // namespace jet

@@ -23,9 +23,9 @@ namespace {
 
 qint32 languageOf(const QFileInfo& file)
 {
-    static const QHash<QString, qint32> byEnding = {{u"cpp"_s, 3}, {u"h"_s, 3},   {u"ui"_s, 5},   {u"sql"_s, 7},
-                                                    {u"py"_s, 2},  {u"sh"_s, 62}, {u"json"_s, 120}, {u"md"_s, 98},
-                                                    {u"yml"_s, 48}, {u"css"_s, 38}, {u"js"_s, 2003}, {u"java"_s, 1003}};
+    static const QHash<QString, qint32> byEnding = {
+        {u"cpp"_s, 3},    {u"h"_s, 3},   {u"ui"_s, 5},   {u"sql"_s, 7},  {u"py"_s, 2},    {u"sh"_s, 62},
+        {u"json"_s, 120}, {u"md"_s, 98}, {u"yml"_s, 48}, {u"css"_s, 38}, {u"js"_s, 2003}, {u"java"_s, 1003}};
     if (file.fileName() == "CMakeLists.txt"_L1 || file.suffix() == "cmake"_L1)
         return 80;
     return byEnding.value(file.suffix());
@@ -35,7 +35,8 @@ QList<QFileInfo> sourceFiles()
 {
     QList<QFileInfo> files;
     for (const char* folder : {"/src", "/tests", "/tools", "/cmake", "/data", "/bench", "/fuzz", "/docs"}) {
-        QDirIterator all(QStringLiteral(SOURCE_DIR) + QString::fromLatin1(folder), QDir::Files, QDirIterator::Subdirectories);
+        QDirIterator all(QStringLiteral(SOURCE_DIR) + QString::fromLatin1(folder), QDir::Files,
+                         QDirIterator::Subdirectories);
         while (all.hasNext()) {
             const QFileInfo file(all.next());
             if (languageOf(file) && file.size() > 0)

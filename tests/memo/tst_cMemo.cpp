@@ -98,7 +98,8 @@ void tst_cMemo::statements()
     const QStringList expected = {
         u"SELECT * FROM tab_memo where 1=2 "_s, u" SELECT * FROM tab_memo WHERE memoID = 1 "_s,
         u"UPDATE tab_memo SET tab_memo.categoryID = 1 , tab_memo.memoTypeID = 3 , tab_memo.memoName = 'n' , "
-        "tab_memo.memoDescription = '' , tab_memo.memoLink = '' , tab_memo.snipVale = 'c''' , tab_memo.memoNotes = '' , "
+        "tab_memo.memoDescription = '' , tab_memo.memoLink = '' , tab_memo.snipVale = 'c''' , tab_memo.memoNotes = '' "
+        ", "
         "tab_memo.dateLastMod = '2026-3-4 9:5:0' , tab_memo.openingState = 0 WHERE (tab_memo.memoID = 1 ) "_s,
         u"SELECT COUNT(memoID) AS MemoCount FROM tab_memo  "_s};
     QCOMPARE(f.statements, expected);

@@ -40,7 +40,7 @@ struct Editor : UiFixture {
         loaded = window->Form_Load();
         window->show();
     }
-    template<typename Widget>
+    template <typename Widget>
     Widget& get(const char* name)
     {
         auto* widget = window->findChild<Widget*>(QString::fromLatin1(name));
@@ -55,7 +55,10 @@ struct Editor : UiFixture {
         combo.setCurrentText(language);
         emit combo.activated(combo.currentIndex());
     }
-    QAction& button(const char* key) { return *get<QToolBar>("tbToolBarMemo").findChild<QAction*>(QString::fromLatin1(key)); }
+    QAction& button(const char* key)
+    {
+        return *get<QToolBar>("tbToolBarMemo").findChild<QAction*>(QString::fromLatin1(key));
+    }
 
     cViewFilter filter;
     cMemo memo{archive};
@@ -96,7 +99,10 @@ void tst_frmSnipVale::newMemoIsInsertedOnceThenUpdated()
     e.get<QPushButton>("cmdApply").click();
     e.code().send(SCI_SETTEXT, 0, QByteArray("two"));
     e.get<QPushButton>("cmdApply").click();
-    QCOMPARE(e.value(u"SELECT COUNT(memoID) AS n FROM tab_memo WHERE snipVale = 'two' AND memoName = ' a ''name'' ' AND categoryID = 1 AND memoTypeID = 0"_s), u"1"_s);
+    QCOMPARE(
+        e.value(
+            u"SELECT COUNT(memoID) AS n FROM tab_memo WHERE snipVale = 'two' AND memoName = ' a ''name'' ' AND categoryID = 1 AND memoTypeID = 0"_s),
+        u"1"_s);
     QCOMPARE(e.value(u"SELECT COUNT(memoID) AS n FROM tab_memo"_s), u"1"_s);
     QCOMPARE(e.filter.EditingModeMemoID, 1);
     QCOMPARE(e.listener.saved, QStringList({u"1 M_ID"_s, u"1 M_ID"_s}));
