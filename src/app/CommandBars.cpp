@@ -43,7 +43,7 @@ void CommandBars::makeActions()
     }
 }
 
-template<typename Target>
+template <typename Target>
 void CommandBars::fill(Target& target, const char* items)
 {
     for (const QString& item : QString::fromLatin1(items).split(u' ')) {

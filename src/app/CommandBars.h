@@ -21,7 +21,7 @@ public:
 
     using Handler = std::function<void()>;
     void handle(const QString& name, Handler handler); // enables the command
-    void run(const QString& name);                     // as a click: nothing when disabled or unknown
+    void run(const QString& name); // as a click: nothing when disabled or unknown
 
     void enable(const QString& name, bool enabled);
     void check(const QString& name, bool checked);
@@ -38,7 +38,7 @@ private:
     void makeActions();
     void makeMenus();
     void makeBars();
-    template<typename Target>
+    template <typename Target>
     void fill(Target& target, const char* items);
 
     QMainWindow& m_frame;

@@ -44,7 +44,8 @@ Options readOptions(const QCoreApplication& application)
 
 bool wantsTour(int argc, char** argv)
 {
-    return std::any_of(argv + 1, argv + argc, [](const char* word) { return QByteArrayView(word).startsWith("--tour"); });
+    return std::any_of(argv + 1, argv + argc,
+                       [](const char* word) { return QByteArrayView(word).startsWith("--tour"); });
 }
 
 } // namespace
@@ -61,8 +62,9 @@ int runProgram(int argc, char** argv)
     QApplication::setWindowIcon(themedIcon(u"accessories-text-editor"_s));
 
     const Options options = readOptions(application);
-    HomeFolders folders = homeFolders(options.home, QCoreApplication::applicationDirPath(),
-                                      QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/snipvale"_s);
+    HomeFolders folders =
+        homeFolders(options.home, QCoreApplication::applicationDirPath(),
+                    QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/snipvale"_s);
     if (!options.tour.isEmpty())
         return runTour(options.tour, folders.shipped);
 

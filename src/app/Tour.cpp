@@ -26,7 +26,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-template<typename Widget>
+template <typename Widget>
 Widget& find(QWidget& window, const char* name)
 {
     auto* widget = window.findChild<Widget*>(QString::fromLatin1(name));
@@ -115,8 +115,8 @@ void Tour::step(const char* command, std::function<void(QWidget& window)> inWind
 void Tour::selectCategory(const QString& name)
 {
     auto& tree = find<QTreeView>(*m_frame, "tvTreeView");
-    const QModelIndexList found = tree.model()->match(tree.model()->index(0, 0), Qt::DisplayRole, name, 1,
-                                                      Qt::MatchExactly | Qt::MatchRecursive);
+    const QModelIndexList found =
+        tree.model()->match(tree.model()->index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchExactly | Qt::MatchRecursive);
     require(!found.isEmpty(), "a category is missing in the tree");
     tree.setCurrentIndex(found.first());
     settle();
@@ -196,7 +196,8 @@ void Tour::restart()
     require(list.currentIndex().data() == u"Pieces of a statement"_s, "the memo was not found again");
     picture(*m_frame, u"found-in-list"_s);
     step("miMemoModify", [this](QWidget& window) {
-        require(find<QTextEdit>(window, "rtfMemoNotes").toPlainText().startsWith(u"Used by every record."_s), "the notes are gone");
+        require(find<QTextEdit>(window, "rtfMemoNotes").toPlainText().startsWith(u"Used by every record."_s),
+                "the notes are gone");
         picture(window, u"memo-is-still-there"_s);
         find<QPushButton>(window, "cmdClose").click();
     });

@@ -34,9 +34,9 @@ constexpr ViewBar viewBars[] = {{u"Memo", u"barMemo"}, {u"Password", u"barPasswo
 
 } // namespace
 
-frmMain::frmMain(modSnipVale& program, const Desktop& desktop) :
-    m_program(program), m_desktop(desktop), m_bars(new CommandBars(*this)), m_views(new QStackedWidget(this)),
-    m_memo(program.archive), m_category(program.archive)
+frmMain::frmMain(modSnipVale& program, const Desktop& desktop)
+    : m_program(program), m_desktop(desktop), m_bars(new CommandBars(*this)), m_views(new QStackedWidget(this)),
+      m_memo(program.archive), m_category(program.archive)
 {
     setObjectName(u"frmMain"_s);
     setCentralWidget(m_views);
@@ -70,7 +70,8 @@ void frmMain::makeStatusBar()
 
 void frmMain::handle(const QString& tool, const QString& routine, std::function<void()> action)
 {
-    m_bars->handle(tool, [this, routine, action = std::move(action)] { trapErrors(m_desktop.questions, routine, action); });
+    m_bars->handle(tool,
+                   [this, routine, action = std::move(action)] { trapErrors(m_desktop.questions, routine, action); });
 }
 
 void frmMain::makeCommands()

@@ -68,7 +68,7 @@ void frmMain::CompactArchive()
     const QString text = u"The following procedure will compact and repair the current archive!\r\n"
                          "You might do a backup copy of you archive  before starting.\r\n"
                          "Current archive: "_s +
-                         archive + u"\r\nConfirm procedure?"_s;
+        archive + u"\r\nConfirm procedure?"_s;
     if (m_desktop.questions.ask(text, MessageStyle::YesNo, u"Compact and repair archive"_s) != Answer::Yes)
         return;
     setStatus(u"Working... Please wait"_s);
@@ -76,8 +76,8 @@ void frmMain::CompactArchive()
     jet::CompactResult result;
     // In the archive's own folder, so that taking its place is one rename.
     const QString temporary = QFileInfo(archive).absolutePath() + u"/tmpCompactDB.sva"_s;
-    const bool done = trapErrors(m_desktop.questions, u"CompactArchive"_s,
-                                 [&] { result = jet::compactArchive(archive, temporary); });
+    const bool done =
+        trapErrors(m_desktop.questions, u"CompactArchive"_s, [&] { result = jet::compactArchive(archive, temporary); });
     unsetCursor();
     setStatus(u"SnipVale"_s);
     if (done)

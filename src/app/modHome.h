@@ -7,7 +7,7 @@
 
 // Where the program's own files are.
 struct HomeFolders {
-    QString home;    // the program directory: settings, archive, sound, help
+    QString home; // the program directory: settings, archive, sound, help
     QString shipped; // what a new home is filled from
 };
 

@@ -49,7 +49,7 @@ modRegistry::modRegistry(QString configFolder) : m_configFolder(std::move(config
 bool modRegistry::isRunKey(quint32 root, const QString& key) const
 {
     return root == HKEY_LOCAL_MACHINE &&
-           key.compare("Software\\Microsoft\\Windows\\CurrentVersion\\Run"_L1, Qt::CaseInsensitive) == 0;
+        key.compare("Software\\Microsoft\\Windows\\CurrentVersion\\Run"_L1, Qt::CaseInsensitive) == 0;
 }
 
 QString modRegistry::autostartFile(const QString& name) const
@@ -99,7 +99,7 @@ void modRegistry::SetRegValue(quint32 root, const QString& key, const QString& n
         QDir().mkpath(m_configFolder + u"/autostart"_s);
         QSaveFile entry(autostartFile(name));
         const QString text = u"[Desktop Entry]\nType=Application\nName="_s + name + u"\nExec="_s +
-                             execLine(value.toString()) + u"\nIcon=snipvale\nTerminal=false\n"_s;
+            execLine(value.toString()) + u"\nIcon=snipvale\nTerminal=false\n"_s;
         written = entry.open(QIODevice::WriteOnly) && entry.write(text.toUtf8()) > 0 && entry.commit();
     } else {
         QSettings store(m_configFolder + u"/snipvale/registry.ini"_s, QSettings::IniFormat);

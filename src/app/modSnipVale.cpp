@@ -24,8 +24,8 @@ qsizetype lastSeparator(const QString& path)
 
 } // namespace
 
-modSnipVale::modSnipVale(Questions& questions, const Clock& clock, Shell& shell) :
-    archive(questions, clock), m_questions(questions), m_shell(shell)
+modSnipVale::modSnipVale(Questions& questions, const Clock& clock, Shell& shell)
+    : archive(questions, clock), m_questions(questions), m_shell(shell)
 {
 }
 

@@ -25,8 +25,8 @@ public:
 
     void HelpWeb();
 
-    QString captionAtStart() const;   // " SnipVale 3.1.12 - [mine.sva]"
-    QString captionWithPath() const;  // "SnipVale 3.1.12  [/data/mine.sva]"
+    QString captionAtStart() const; // " SnipVale 3.1.12 - [mine.sva]"
+    QString captionWithPath() const; // "SnipVale 3.1.12  [/data/mine.sva]"
     QString shippedFile(const QString& name) const; // in the program directory
 
 private:

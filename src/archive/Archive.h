@@ -24,7 +24,7 @@ public:
     Questions& questions() const { return m_questions; }
     const Clock& clock() const { return m_clock; }
 
-    std::unique_ptr<jet::Connection> cn;              // null between units of work
+    std::unique_ptr<jet::Connection> cn; // null between units of work
     std::function<void(const QString&)> onStatement; // sees each statement text before it runs; may be empty
 
 private:
@@ -43,8 +43,8 @@ public:
     ArchiveUnit(const ArchiveUnit&) = delete;
     ArchiveUnit& operator=(const ArchiveUnit&) = delete;
 
-    int Execute(const QString& sql);          // rows changed; throws jet::Error
-    jet::Recordset Open(const QString& sql);  // must not outlive this unit; throws jet::Error
+    int Execute(const QString& sql); // rows changed; throws jet::Error
+    jet::Recordset Open(const QString& sql); // must not outlive this unit; throws jet::Error
     jet::Connection& connection() { return *m_archive.cn; }
 
 private:

@@ -21,8 +21,8 @@ struct CategoryNode {
     QString text;
 
     QString key() const { return QString::number(id) + QStringLiteral(" ID"); }
-    QString tag() const;           // "root", "category", "bookmark", "todo"
-    QString image() const;         // the same word
+    QString tag() const; // "root", "category", "bookmark", "todo"
+    QString image() const; // the same word
     QString selectedImage() const; // "categoryOpen" for a memo category
 };
 
@@ -33,7 +33,7 @@ public:
     virtual QString selectedKey() const = 0; // empty when no node is selected
     virtual QString selectedTag() const = 0;
     virtual QStringList childKeys(const QString& key) const = 0; // in tree order; empty for an unknown key
-    virtual void renameNode(const QString& key, const QString& text) = 0;             // its siblings are sorted again
-    virtual void addNode(const QString& parentKey, const CategoryNode& node) = 0;     // sorted in, then selected
+    virtual void renameNode(const QString& key, const QString& text) = 0; // its siblings are sorted again
+    virtual void addNode(const QString& parentKey, const CategoryNode& node) = 0; // sorted in, then selected
     virtual void clickSelectedNode() = 0; // shows the selected category as a click does
 };

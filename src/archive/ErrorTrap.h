@@ -15,7 +15,7 @@ void reportError(Questions& questions, const QString& routine, const QString& de
 QString describeError(const std::exception& error);
 
 // The one error trap of a routine. Runs `body`; an exception is shown under the routine's name and gives false.
-template<typename Body>
+template <typename Body>
 bool trapErrors(Questions& questions, const QString& routine, Body&& body)
 {
     try {

@@ -20,7 +20,12 @@ QString FormatDateSQL(const QDateTime& value)
         return {};
     const QDate d = value.date();
     const QTime t = value.time();
-    return u"%1-%2-%3 %4:%5:%6"_s.arg(d.year()).arg(d.month()).arg(d.day()).arg(t.hour()).arg(t.minute()).arg(t.second());
+    return u"%1-%2-%3 %4:%5:%6"_s.arg(d.year())
+        .arg(d.month())
+        .arg(d.day())
+        .arg(t.hour())
+        .arg(t.minute())
+        .arg(t.second());
 }
 
 QString idList(const std::vector<qint32>& ids)
@@ -43,5 +48,6 @@ int compareNames(const QString& a, const QString& b)
 {
     const QByteArray x = a.toUtf8();
     const QByteArray y = b.toUtf8();
-    return jet::compareText(std::string_view(x.constData(), size_t(x.size())), std::string_view(y.constData(), size_t(y.size())));
+    return jet::compareText(std::string_view(x.constData(), size_t(x.size())),
+                            std::string_view(y.constData(), size_t(y.size())));
 }

@@ -73,9 +73,9 @@ bool cCategory::Update()
 {
     return trapErrors(m_archive.questions(), u"Update"_s, [&] {
         ArchiveUnit unit(m_archive);
-        unit.Execute(u"UPDATE tab_category SET "_s +                                             //
-                     u"tab_category.type = "_s + QString::number(CategoryType) + u"  , "_s +     //
-                     u"tab_category.name = '"_s + quoted(CategoryName) + u"'  , "_s +            //
+        unit.Execute(u"UPDATE tab_category SET "_s + //
+                     u"tab_category.type = "_s + QString::number(CategoryType) + u"  , "_s + //
+                     u"tab_category.name = '"_s + quoted(CategoryName) + u"'  , "_s + //
                      u"tab_category.description = '"_s + quoted(CategoryDescription) + u"'  "_s + //
                      u"WHERE (tab_category.categoryID = "_s + QString::number(CategoryID) + u" ) "_s);
     });

@@ -22,8 +22,8 @@ public:
     QString CategoryDescription;
     qint32 CategoryID = 0;
 
-    bool Load();   // of CategoryID; fields stay as they are when there is no such row
-    bool Save();   // a new row; CategoryID becomes its key
+    bool Load(); // of CategoryID; fields stay as they are when there is no such row
+    bool Save(); // a new row; CategoryID becomes its key
     bool Update(); // type, name and description; never the parent
     bool Delete(const QString& idsPath); // comma-separated keys; the elements filed in them go too
 

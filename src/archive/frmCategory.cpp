@@ -27,8 +27,9 @@ constexpr int kinds = 3;
 
 } // namespace
 
-frmCategory::frmCategory(cCategory& category, CategoryTree& tree, Questions& questions, QWidget* parent) :
-    QDialog(parent), m_ui(std::make_unique<Ui::frmCategory>()), m_category(category), m_tree(tree), m_questions(questions)
+frmCategory::frmCategory(cCategory& category, CategoryTree& tree, Questions& questions, QWidget* parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::frmCategory>()), m_category(category), m_tree(tree),
+      m_questions(questions)
 {
     m_ui->setupUi(this);
     const std::array options = {m_ui->optType_0, m_ui->optType_1, m_ui->optType_2};
@@ -53,8 +54,9 @@ frmCategory::~frmCategory() = default;
 
 void frmCategory::loadExisting()
 {
-    for (QWidget* widget : std::initializer_list<QWidget*>{m_ui->lblType, m_ui->optType_0, m_ui->optType_1, m_ui->optType_2,
-                                                           m_ui->imgType_0, m_ui->imgType_1, m_ui->imgType_2})
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{m_ui->lblType, m_ui->optType_0, m_ui->optType_1, m_ui->optType_2,
+                                         m_ui->imgType_0, m_ui->imgType_1, m_ui->imgType_2})
         widget->hide();
     m_category.Load();
     m_ui->txtName->setText(m_category.CategoryName);
@@ -69,7 +71,9 @@ void frmCategory::prepareNew()
 {
     m_category.CategoryParentID = leadingNumber(m_tree.selectedKey());
     const QString tag = m_tree.selectedTag();
-    QRadioButton* option = tag == "bookmark"_L1 ? m_ui->optType_1 : tag == "todo"_L1 ? m_ui->optType_2 : m_ui->optType_0;
+    QRadioButton* option = tag == "bookmark"_L1 ? m_ui->optType_1
+        : tag == "todo"_L1                      ? m_ui->optType_2
+                                                : m_ui->optType_0;
     option->setChecked(true);
 }
 

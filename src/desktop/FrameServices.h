@@ -13,7 +13,7 @@ public:
     virtual void enableCommand(const QString& name, bool enabled) = 0;
     virtual void checkCommand(const QString& name, bool checked) = 0;
     virtual void runCommand(const QString& name) = 0; // as if the user had chosen it; nothing when it is disabled
-    virtual void setStatus(const QString& text) = 0;  // the status bar's panel "status"
+    virtual void setStatus(const QString& text) = 0; // the status bar's panel "status"
     virtual void popupMenu(const QString& name, const QPoint& screenPosition) = 0;
     virtual void showView(const QString& name) = 0; // brings a view of the frame to the front
 };

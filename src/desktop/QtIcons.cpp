@@ -18,7 +18,10 @@ class LazyIcon final : public QIconEngine {
 public:
     explicit LazyIcon(QString name) : m_name(std::move(name)) { }
 
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override { return icon().pixmap(size, mode, state); }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    {
+        return icon().pixmap(size, mode, state);
+    }
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
     {
         icon().paint(painter, rect, Qt::AlignCenter, mode, state);
@@ -78,7 +81,8 @@ void setUpIconTheme()
     const QString breeze = isDark ? u"breeze-dark"_s : u"breeze"_s;
     // A platform without a desktop (the tour's) knows no folder of themes.
     QStringList folders = QIcon::themeSearchPaths();
-    for (const QString& folder : QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, u"icons"_s, QStandardPaths::LocateDirectory))
+    for (const QString& folder :
+         QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, u"icons"_s, QStandardPaths::LocateDirectory))
         if (!folders.contains(folder))
             folders.append(folder);
     QIcon::setThemeSearchPaths(folders);

@@ -37,7 +37,7 @@ SocketInstance::SocketInstance(const QString& homeFolder)
     if (home.isEmpty())
         home = homeFolder;
     m_name = "snipvale-" + QByteArray::number(::getuid()) + '-' +
-             QCryptographicHash::hash(home.toUtf8(), QCryptographicHash::Sha256).toHex();
+        QCryptographicHash::hash(home.toUtf8(), QCryptographicHash::Sha256).toHex();
     m_socket = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     if (m_socket < 0)
         return;

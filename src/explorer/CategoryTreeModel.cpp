@@ -83,8 +83,9 @@ QModelIndex CategoryTreeModel::add(const QString& parentKey, const CategoryNode&
     Node* parent = m_byId.value(leadingNumber(parentKey));
     if (!parent || m_byId.contains(category.id))
         return {};
-    const auto place = std::upper_bound(parent->children.begin(), parent->children.end(), category.text,
-                                        [](const QString& text, const auto& node) { return comesBefore(text, node->category.text); });
+    const auto place =
+        std::upper_bound(parent->children.begin(), parent->children.end(), category.text,
+                         [](const QString& text, const auto& node) { return comesBefore(text, node->category.text); });
     const int row = int(place - parent->children.begin());
     beginInsertRows(indexFor(parent), row, row);
     Node* node = append(parent, category);

@@ -29,8 +29,8 @@ public:
     void setSelected(const QModelIndex& index); // the node that shows its selected image
 
     QModelIndex rootIndex() const { return index(0, 0); } // of "Code Root"
-    QModelIndex indexOf(const QString& key) const;        // invalid when unknown
-    QString fullPath(const QModelIndex& index) const;     // node texts from the top, joined by backslashes
+    QModelIndex indexOf(const QString& key) const; // invalid when unknown
+    QString fullPath(const QModelIndex& index) const; // node texts from the top, joined by backslashes
     QStringList childKeys(const QString& key) const;
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;

@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <numeric>
 
-ElementListModel::ElementListModel(QStringList columns, QObject* parent) :
-    QAbstractTableModel(parent), m_columns(std::move(columns))
+ElementListModel::ElementListModel(QStringList columns, QObject* parent)
+    : QAbstractTableModel(parent), m_columns(std::move(columns))
 {
 }
 

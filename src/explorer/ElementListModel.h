@@ -35,7 +35,7 @@ protected:
     virtual QString tag() const = 0;
 
     // Calls `change`, which replaces all elements, inside a reset of the model.
-    template<typename Change>
+    template <typename Change>
     void refill(Change&& change)
     {
         beginResetModel();

@@ -25,8 +25,8 @@ public:
     bool isItemAt(const QPoint& viewportPosition) const;
 
 signals:
-    void openRequested();   // the current item: double click, Enter or F2
-    void newRequested();    // double click on empty space
+    void openRequested(); // the current item: double click, Enter or F2
+    void newRequested(); // double click on empty space
     void deleteRequested(); // Delete
     // The mouse button went up, or the menu key was pressed: over an item or not.
     void released(bool overItem);

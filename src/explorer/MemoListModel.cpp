@@ -6,8 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-MemoListModel::MemoListModel(QObject* parent) :
-    ElementListModel({u"Memo"_s, u"Date In"_s, u"Last Modified"_s}, parent)
+MemoListModel::MemoListModel(QObject* parent) : ElementListModel({u"Memo"_s, u"Date In"_s, u"Last Modified"_s}, parent)
 {
 }
 

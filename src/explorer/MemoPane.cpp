@@ -17,9 +17,9 @@
 
 using namespace Qt::StringLiterals;
 
-MemoPane::MemoPane(ElementListView& view, const ExplorerContext& context, ElementListener& listener, SortDirection& sort,
-                   QObject* parent) :
-    QObject(parent), m_view(view), m_context(context), m_listener(listener), m_model(new MemoListModel(this))
+MemoPane::MemoPane(ElementListView& view, const ExplorerContext& context, ElementListener& listener,
+                   SortDirection& sort, QObject* parent)
+    : QObject(parent), m_view(view), m_context(context), m_listener(listener), m_model(new MemoListModel(this))
 {
     m_view.setList(m_model, sort);
     wire();
@@ -91,7 +91,8 @@ void MemoPane::ModifyMemo()
         return;
     const QModelIndex current = m_view.currentIndex();
     const QString currentKey = current.isValid() ? m_model->keyOf(current.row()) : QString();
-    m_context.viewFilter.EditingModeMemoID = leadingNumber(selected.contains(currentKey) ? currentKey : selected.first());
+    m_context.viewFilter.EditingModeMemoID =
+        leadingNumber(selected.contains(currentKey) ? currentKey : selected.first());
     openEditor();
 }
 
@@ -100,7 +101,8 @@ void MemoPane::openEditor()
     QWidget* window = m_view.window();
     window->setCursor(Qt::WaitCursor);
     trapErrors(m_context.archive.questions(), u"ModifyMemo"_s, [&] {
-        frmSnipVale editor({m_context.archive, m_context.desktop, m_context.viewFilter, m_context.memo, m_listener}, window);
+        frmSnipVale editor({m_context.archive, m_context.desktop, m_context.viewFilter, m_context.memo, m_listener},
+                           window);
         if (editor.Form_Load())
             editor.exec();
     });

@@ -34,8 +34,8 @@ QString inCategories(const QString& what, qint64 count, qint64 categories)
 
 } // namespace
 
-WelcomePage::WelcomePage(Ui::frmSnipValeS& ui, Archive& archive, QObject* parent) :
-    QObject(parent), m_ui(ui), m_archive(archive)
+WelcomePage::WelcomePage(Ui::frmSnipValeS& ui, Archive& archive, QObject* parent)
+    : QObject(parent), m_ui(ui), m_archive(archive)
 {
     QFont heading = m_ui.lblSummary->font();
     heading.setBold(true);
@@ -75,10 +75,12 @@ void WelcomePage::LoadTodoTree()
 void WelcomePage::addGroup(QStandardItem& root, int group)
 {
     const DueGroup due = readDueGroup(m_archive, group);
-    auto* node = new QStandardItem(urgencyIcon(due.image), due.title + u" ("_s + QString::number(due.toDos.size()) + u')');
+    auto* node =
+        new QStandardItem(urgencyIcon(due.image), due.title + u" ("_s + QString::number(due.toDos.size()) + u')');
     QList<QStandardItem*> children;
     for (const DueToDo& toDo : due.toDos) {
-        auto* child = new QStandardItem(toDo.name + u" ("_s + QLocale().toString(toDo.dueDate.date(), QLocale::LongFormat) + u')');
+        auto* child = new QStandardItem(toDo.name + u" ("_s +
+                                        QLocale().toString(toDo.dueDate.date(), QLocale::LongFormat) + u')');
         child->setData(QString::number(toDo.id) + u" T_ID"_s, KeyRole);
         child->setData(QString::number(toDo.categoryID) + u" todo"_s, TagRole);
         children.append(child);

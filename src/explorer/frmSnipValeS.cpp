@@ -20,8 +20,9 @@
 
 using namespace Qt::StringLiterals;
 
-frmSnipValeS::frmSnipValeS(const ExplorerContext& context, QWidget* parent) :
-    QWidget(parent), m_ui(std::make_unique<Ui::frmSnipValeS>()), m_context(context), m_tree(new CategoryTreeModel(this))
+frmSnipValeS::frmSnipValeS(const ExplorerContext& context, QWidget* parent)
+    : QWidget(parent), m_ui(std::make_unique<Ui::frmSnipValeS>()), m_context(context),
+      m_tree(new CategoryTreeModel(this))
 {
     m_ui->setupUi(this);
     m_ui->vSplitter->setStretchFactor(0, 0);
@@ -43,7 +44,8 @@ void frmSnipValeS::wireTree()
     view->setModel(m_tree);
     connect(view, &ExplorerTreeView::nodeClicked, this, &frmSnipValeS::tvTreeView_NodeClick);
     connect(view, &ExplorerTreeView::deleteRequested, this, &frmSnipValeS::DeleteCategory);
-    connect(view, &ExplorerTreeView::renameRequested, this, [this] { m_context.frame.runCommand(u"miCategoryModify"_s); });
+    connect(view, &ExplorerTreeView::renameRequested, this,
+            [this] { m_context.frame.runCommand(u"miCategoryModify"_s); });
     connect(view, &ExplorerTreeView::menuRequested, this, [this](const QPoint& position, bool overNode) {
         // Deleting the root is refused with a message; there is nothing of it to modify.
         m_context.frame.enableCommand(u"miCategoryModify"_s, overNode && leadingNumber(selectedKey()) != 0);
@@ -74,7 +76,8 @@ void frmSnipValeS::LoadTreeView()
 {
     std::vector<CategoryRow> rows;
     m_memos->clear();
-    const bool read = trapErrors(m_context.archive.questions(), u"LoadTreeView"_s, [&] { readCategories(m_context.archive, rows); });
+    const bool read =
+        trapErrors(m_context.archive.questions(), u"LoadTreeView"_s, [&] { readCategories(m_context.archive, rows); });
     m_tree->setRows(rows);
     m_ui->tvTreeView->expand(m_tree->rootIndex());
     m_ui->tvTreeView->selectSilently(m_tree->rootIndex());
@@ -118,7 +121,8 @@ void frmSnipValeS::enableFor(const QString& tag)
     };
     enable(true, {"miCategoryNew"});
     if (tag == "root"_L1) {
-        enable(false, {"miCategoryModify", "miCategoryDelete", "miMemoNew", "miBookmarkNew", "miMemoModify", "miMemoDelete"});
+        enable(false,
+               {"miCategoryModify", "miCategoryDelete", "miMemoNew", "miBookmarkNew", "miMemoModify", "miMemoDelete"});
         return;
     }
     enable(true, {"miCategoryModify", "miCategoryDelete"});
@@ -218,7 +222,7 @@ void frmSnipValeS::DeleteCategory()
             return;
         }
         const QString text = u"Are you sure you want to delete selected categories '"_s + m_tree->fullPath(node) +
-                             u"' ? \r\nATTENTION: this will delete all elements too!"_s;
+            u"' ? \r\nATTENTION: this will delete all elements too!"_s;
         if (questions.ask(text, MessageStyle::YesNoDefaultNo, u"Deleting "_s) != Answer::Yes)
             return;
         cCategory& category = m_context.category;

@@ -14,9 +14,10 @@ namespace {
 std::vector<CategoryRow> readChildren(ArchiveUnit& unit, qint32 parent)
 {
     // The top level and the levels below it are asked for in two spellings; both are the archive's own.
-    const QString sql = parent == 0 ? u" SELECT * FROM tab_category WHERE parentID = 0 "_s + u" ORDER BY tab_category.name "_s
-                                    : u"SELECT * FROM tab_category WHERE parentID = "_s + QString::number(parent) + u" "_s +
-                                          u" ORDER BY tab_category.name "_s;
+    const QString sql = parent == 0
+        ? u" SELECT * FROM tab_category WHERE parentID = 0 "_s + u" ORDER BY tab_category.name "_s
+        : u"SELECT * FROM tab_category WHERE parentID = "_s + QString::number(parent) + u" "_s +
+            u" ORDER BY tab_category.name "_s;
     std::vector<CategoryRow> rows;
     jet::Recordset set = unit.Open(sql);
     const int id = set.index(u"categoryID"_s);

@@ -31,7 +31,7 @@ QString statement(int group, const QDateTime& now)
     const auto moment = [&](int days) { return FormatDateSQL(now.addDays(days)); };
     const QString when = group == 0 ? u" WHERE tab_todo.dueDate  <  #"_s + moment(0) + u"# "_s
                                     : u" WHERE tab_todo.dueDate  BETWEEN #"_s + moment(rule.fromDays) + u"#  AND  #"_s +
-                                          moment(rule.toDays) + u"# "_s;
+            moment(rule.toDays) + u"# "_s;
     return u" SELECT * FROM tab_todo "_s + when + u" AND tab_todo.done = 0 "_s + QStringView(rule.order).toString();
 }
 
@@ -47,6 +47,7 @@ DueGroup readDueGroup(Archive& archive, int group)
     const int name = set.index(u"name"_s);
     const int due = set.index(u"dueDate"_s);
     for (; !set.eof(); set.moveNext())
-        result.toDos.push_back({qint32(set.integer(id)), qint32(set.integer(category)), set.text(name), set.dateTime(due)});
+        result.toDos.push_back(
+            {qint32(set.integer(id)), qint32(set.integer(category)), set.text(name), set.dateTime(due)});
     return result;
 }

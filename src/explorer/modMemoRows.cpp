@@ -11,11 +11,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-PackedMoment pack(const QDateTime& moment)
+PackedMoment pack(const jet::LocalMoment& moment)
 {
     if (!moment.isValid())
         return {};
-    return {qint32(moment.date().toJulianDay()), moment.time().msecsSinceStartOfDay() / 1000};
+    return {qint32(moment.date.toJulianDay()), moment.time.msecsSinceStartOfDay() / 1000};
 }
 
 } // namespace
@@ -30,7 +30,7 @@ void readMemoRows(Archive& archive, qint32 categoryID, std::vector<MemoRow>& row
     const int mod = set.index(u"dateLastMod"_s);
     std::vector<MemoRow> read;
     for (; !set.eof(); set.moveNext())
-        read.push_back({qint32(set.integer(id)), set.text(name), pack(set.dateTime(in)), pack(set.dateTime(mod))});
+        read.push_back({qint32(set.integer(id)), set.text(name), pack(set.moment(in)), pack(set.moment(mod))});
     rows.swap(read);
 }
 

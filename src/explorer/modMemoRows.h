@@ -10,7 +10,7 @@ class Archive;
 // A moment without time zone arithmetic, small enough to keep two for each of 100,000 rows.
 struct PackedMoment {
     qint32 julianDay = 0; // 0: no date
-    qint32 second = 0;    // of the day
+    qint32 second = 0; // of the day
 };
 
 // What a memo shows in the list of its category.

@@ -11,7 +11,8 @@ void readSummary(Archive& archive, Summary& summary)
     ArchiveUnit unit(archive);
     const auto count = [&](const QString& sql, const QString& column) { return unit.Open(sql).integer(column); };
     const auto categories = [&](const QString& type) {
-        return count(u"SELECT COUNT(categoryID) AS totalCat From tab_category "_s + u" WHERE tab_category.type = "_s + type + u" "_s,
+        return count(u"SELECT COUNT(categoryID) AS totalCat From tab_category "_s + u" WHERE tab_category.type = "_s +
+                         type + u" "_s,
                      u"totalCat"_s);
     };
     summary.memos = count(u"SELECT COUNT(memoID) AS totalMemo From tab_memo "_s, u"totalMemo"_s);

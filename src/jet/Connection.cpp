@@ -60,11 +60,16 @@ struct Connection::State {
     {
         if (!database)
             throw Error(u"The connection is closed."_s);
-        // A full disk, for one, ends a transaction by itself. What follows must not be written on its own.
-        if (inTransaction && sqlite3_get_autocommit(database.get()))
-            throw Error(u"The changes were taken back after an error."_s, SQLITE_ABORT_ROLLBACK);
         return database.get();
     }
+    void use(Database opened)
+    {
+        database = std::move(opened);
+        installGuard(database.get());
+        sqlite3_commit_hook(database.get(), mayNotCommit, this);
+    }
+    // A full disk, for one, ends a transaction by itself. What follows in its scope must not be written alone.
+    static int mayNotCommit(void* state) { return static_cast<State*>(state)->inTransaction ? 1 : 0; }
 };
 
 Connection::Connection() : m(std::make_unique<State>()) { }
@@ -73,16 +78,14 @@ Connection::~Connection() = default;
 void Connection::Open(const QString& connectionString)
 {
     Close();
-    m->database = openArchive(dataSource(connectionString));
-    installGuard(m->database.get());
+    m->use(openArchive(dataSource(connectionString)));
     onProgress(m->keepGoing);
 }
 
 void Connection::Create(const QString& path)
 {
     Close();
-    m->database = createArchive(path);
-    installGuard(m->database.get());
+    m->use(createArchive(path));
     onProgress(m->keepGoing);
 }
 
@@ -166,8 +169,11 @@ void Connection::Transaction::commit()
 {
     if (!m_connection)
         return;
-    runSql(m_connection->m->open(), "COMMIT");
-    m_connection->m->inTransaction = false;
+    State& state = *m_connection->m;
+    if (sqlite3_get_autocommit(state.open()))
+        throw Error(describeSqlite(SQLITE_CONSTRAINT_COMMITHOOK, {}, {}), SQLITE_CONSTRAINT_COMMITHOOK);
+    state.inTransaction = false;
+    runSql(state.open(), "COMMIT");
     m_connection = nullptr;
 }
 

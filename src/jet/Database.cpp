@@ -128,6 +128,7 @@ void CloseDatabase::operator()(sqlite3* database) const noexcept
 {
     sqlite3_set_authorizer(database, nullptr, nullptr);
     sqlite3_progress_handler(database, 0, nullptr, nullptr);
+    sqlite3_commit_hook(database, nullptr, nullptr);
     sqlite3_close_v2(database);
 }
 

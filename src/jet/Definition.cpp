@@ -243,7 +243,7 @@ private:
         const Token& token = m_cursor.take();
         Cell value;
         if (token.kind == Token::Number)
-            value = std::int64_t(std::stoi(token.text.substr(0, 9))) * (negative ? -1 : 1);
+            value = numberCell(token.text, negative);
         else if (token.kind == Token::Text)
             value = token.text;
         else if (token.is("TRUE") || token.is("FALSE"))

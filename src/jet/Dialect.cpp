@@ -8,8 +8,6 @@
 #include "jet/TokenCursor.h"
 
 #include <array>
-#include <charconv>
-#include <limits>
 
 namespace jet {
 namespace {
@@ -45,19 +43,6 @@ std::string_view keywordOfSqlite(const Token& token)
     if (token.is("ALIKE"))
         return "LIKE";
     return token.is("DISTINCTROW") ? std::string_view("DISTINCT") : std::string_view(token.key);
-}
-
-// A number beyond any range becomes infinite; coerce() refuses it.
-Cell numberCell(const std::string& text, bool negative)
-{
-    const char *from = text.data(), *end = from + text.size();
-    std::int64_t integer = 0;
-    if (const auto read = std::from_chars(from, end, integer); read.ec == std::errc() && read.ptr == end)
-        return negative ? -integer : integer;
-    double real = 0;
-    if (std::from_chars(from, end, real).ec != std::errc())
-        real = std::numeric_limits<double>::infinity();
-    return negative ? -real : real;
 }
 
 class Translator {

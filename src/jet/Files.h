@@ -15,7 +15,7 @@ void removeFile(const QString& path); // no error when there is none
 bool linkFile(const QString& from, const QString& to); // a second name, or a copy; false when `to` is taken
 void replaceFile(const QString& from, const QString& to); // atomic; same folder
 void giveModeAndOwner(const QString& like, const QString& path); // owner as far as the system allows
-qint64 freeBytesBeside(const QString& path);
+qint64 freeBytesBeside(const QString& path); // less than 0: unknown
 QString realPath(const QString& path); // links resolved; of a file that does not exist, its folder's links
 
 } // namespace jet

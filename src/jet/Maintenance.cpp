@@ -57,6 +57,7 @@ public:
     void moveTo(const QString& target)
     {
         syncFile(m_path);
+        removeSideFiles(m_path); // it was verified without them
         removeSideFiles(target); // nothing of the old file's may be played back into the new one
         replaceFile(m_path, target);
         syncFolderOf(target);
@@ -122,7 +123,7 @@ void requireRoom(sqlite3* database, const QString& path)
 {
     const auto number = [&](const char* sql) { return QString::fromStdString(firstText(database, sql)).toLongLong(); };
     const qint64 needed = (number("PRAGMA page_count") - number("PRAGMA freelist_count")) * number("PRAGMA page_size");
-    if (freeBytesBeside(path) < needed)
+    if (const qint64 free = freeBytesBeside(path); free >= 0 && free < needed)
         throw Error(describeSqlite(SQLITE_FULL, {}, path), SQLITE_FULL);
 }
 

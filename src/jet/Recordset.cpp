@@ -202,9 +202,18 @@ void Recordset::Update()
     Query insert(m->database, row->sql);
     for (size_t i = 0; i < row->cells.size(); ++i)
         insert.bind(static_cast<int>(i) + 1, row->cells[i]);
-    insert.step();
-    m->open("SELECT * FROM " + quotedName(table) + " WHERE rowid = ?",
-            {std::int64_t(sqlite3_last_insert_rowid(m->database))});
+    // The row with its key read back, or nothing.
+    runSql(m->database, "SAVEPOINT jet_new");
+    try {
+        insert.step();
+        insert.reset();
+        m->open("SELECT * FROM " + quotedName(table) + " WHERE rowid = ?",
+                {std::int64_t(sqlite3_last_insert_rowid(m->database))});
+        runSql(m->database, "RELEASE jet_new");
+    } catch (...) {
+        sqlite3_exec(m->database, "ROLLBACK TO jet_new; RELEASE jet_new", nullptr, nullptr, nullptr);
+        throw;
+    }
 }
 
 } // namespace jet

@@ -124,7 +124,12 @@ void salvageArchive(const QString& from, const QString& to)
     installTextRules(source.get());
     // A file that is shorter than its header says can be opened only this way.
     runSql(source.get(), "PRAGMA writable_schema=ON");
-    runSql(source.get(), "PRAGMA locking_mode=EXCLUSIVE; BEGIN IMMEDIATE");
+    try {
+        runSql(source.get(), "BEGIN IMMEDIATE");
+    } catch (const Error& error) {
+        if ((error.code() & 0xFF) == SQLITE_BUSY)
+            throw;
+    }
 
     const Database target = createArchive(to);
     // Values that break a rule of their column are kept: the user can mend them, what is gone is gone.

@@ -14,6 +14,8 @@ QString describeConstraint(int code, const QString& engineText)
 {
     const QString detail = u" ("_s + engineText + u')';
     switch (code) {
+    case SQLITE_CONSTRAINT_COMMITHOOK: // see Connection::State
+        return u"The changes were taken back after an error."_s;
     case SQLITE_CONSTRAINT_FOREIGNKEY:
         return u"You cannot add or change a record because a related record is required in another table."_s + detail;
     case SQLITE_CONSTRAINT_UNIQUE:

@@ -36,7 +36,7 @@ std::string insertRows(const std::string& table, sqlite3_stmt* rows)
 } // namespace
 
 TableSalvage::TableSalvage(sqlite3* from, sqlite3* to, const std::string& table)
-    : m_table(table), m_from(from), m_upwards(from, selectRows(table, "")),
+    : m_table(table), m_from(from), m_to(to), m_upwards(from, selectRows(table, "")),
       m_downwards(from, selectRows(table, " DESC")), m_insert(to, insertRows(table, m_upwards.handle()))
 {
 }
@@ -96,6 +96,8 @@ std::optional<TableSalvage::Key> TableSalvage::copy(Query& rows, Key from, Key t
         if (result == SQLITE_DONE)
             return std::nullopt;
         const Key key = rows.integer(0);
+        if (upwards ? key < next : key > next)
+            return next; // pages in a wrong order; they could go round and round
         insertRow(rows.handle());
         if (key == (upwards ? to : from))
             return std::nullopt;
@@ -110,7 +112,7 @@ void TableSalvage::insertRow(sqlite3_stmt* row)
         sqlite3_bind_value(m_insert.handle(), i, sqlite3_column_value(row, i));
     const int result = m_insert.tryStep();
     if (result == SQLITE_DONE)
-        ++m_rows;
+        m_rows += sqlite3_changes(m_to); // none for a row that is there already
     else if ((result & 0xFF) != SQLITE_CONSTRAINT &&
              (result & 0xFF) != SQLITE_MISMATCH) // a row that damage made impossible
         throwSqliteError(m_to, result);

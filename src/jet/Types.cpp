@@ -8,7 +8,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <optional>
+#include <limits>
 
 namespace jet {
 namespace {
@@ -144,6 +144,18 @@ ColumnType typeFromName(std::string_view declared)
     if (size <= 0) // TEXT alone is the long kind, the others have the classic width
         return word == "TEXT" ? ColumnType{Type::LongText, 0} : ColumnType{Type::Text, 255};
     return {Type::Text, size};
+}
+
+Cell numberCell(const std::string& text, bool negative)
+{
+    const char *from = text.data(), *end = from + text.size();
+    std::int64_t integer = 0;
+    if (const auto read = std::from_chars(from, end, integer); read.ec == std::errc() && read.ptr == end)
+        return negative ? -integer : integer;
+    double real = 0;
+    if (std::from_chars(from, end, real).ec != std::errc())
+        real = std::numeric_limits<double>::infinity();
+    return negative ? -real : real;
 }
 
 Cell toCell(const Value& value)

@@ -29,6 +29,7 @@ ColumnType typeFromName(std::string_view declared);
 // What becomes of a value that is assigned to a column. Throws Error when it does not fit.
 Cell coerce(Cell value, ColumnType to, std::string_view column);
 Cell toCell(const Value& value);
+Cell numberCell(const std::string& digits, bool negative); // infinite beyond any range, which coerce() refuses
 
 std::string upper(std::string_view text); // ASCII only: names and words of SQL
 [[noreturn]] void fail(const std::string& description); // throws Error; UTF-8

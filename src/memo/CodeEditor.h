@@ -16,6 +16,6 @@ public:
     virtual std::intptr_t send(unsigned message, std::uintptr_t wParam, const QByteArray& text) = 0;
     // A message whose both parameters are texts (properties).
     virtual std::intptr_t send(unsigned message, const QByteArray& first, const QByteArray& second) = 0;
-    virtual QByteArray text() const = 0;            // all of it, zero bytes included
+    virtual QByteArray text() const = 0; // all of it, zero bytes included
     virtual void setText(const QByteArray& text) = 0; // all of it, zero bytes included; clears undo
 };

@@ -48,29 +48,31 @@ void CodeEditorAccessible::install()
     QAccessible::installFactory(makeAccessible);
 }
 
-void CodeEditorAccessible::tellChange(ScintillaView& view, std::intptr_t position, const QByteArray& text,
-                                      bool inserted)
+CodeEditorAccessible::Events CodeEditorAccessible::changeEvents(ScintillaView& view, std::intptr_t position,
+                                                                const QByteArray& text, bool inserted)
 {
     const int offset = offsetIn(view, position); // nothing before the change has moved
-    if (inserted) {
-        QAccessibleTextInsertEvent event(&view, offset, textOf(text));
-        QAccessible::updateAccessibility(&event);
-    } else {
-        QAccessibleTextRemoveEvent event(&view, offset, textOf(text));
-        QAccessible::updateAccessibility(&event);
-    }
+    Events events;
+    if (inserted)
+        events.push_back(std::make_unique<QAccessibleTextInsertEvent>(&view, offset, textOf(text)));
+    else
+        events.push_back(std::make_unique<QAccessibleTextRemoveEvent>(&view, offset, textOf(text)));
+    return events;
 }
 
-void CodeEditorAccessible::tellCaret(ScintillaView& view)
+CodeEditorAccessible::Events CodeEditorAccessible::caretEvents(ScintillaView& view)
 {
-    QAccessibleTextCursorEvent moved(&view, offsetIn(view, view.send(SCI_GETCURRENTPOS)));
-    QAccessible::updateAccessibility(&moved);
+    const int caret = offsetIn(view, view.send(SCI_GETCURRENTPOS));
+    Events events;
+    events.push_back(std::make_unique<QAccessibleTextCursorEvent>(&view, caret));
     const auto [first, last] = selectionOf(view);
-    if (first == last)
-        return;
-    QAccessibleTextSelectionEvent selected(&view, offsetIn(view, first), offsetIn(view, last));
-    selected.setCursorPosition(moved.cursorPosition());
-    QAccessible::updateAccessibility(&selected);
+    if (first != last) {
+        auto selected =
+            std::make_unique<QAccessibleTextSelectionEvent>(&view, offsetIn(view, first), offsetIn(view, last));
+        selected->setCursorPosition(caret);
+        events.push_back(std::move(selected));
+    }
+    return events;
 }
 
 void* CodeEditorAccessible::interface_cast(QAccessible::InterfaceType type)

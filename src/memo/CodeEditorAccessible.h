@@ -6,6 +6,8 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <memory>
+#include <vector>
 
 // The code editor as a screen reader sees it: a multi-line text. Offsets are UTF-16 units. Belongs to Qt, which
 // makes one when an assistive program asks and deletes it with the widget.
@@ -16,9 +18,10 @@ public:
     explicit CodeEditorAccessible(ScintillaView& view);
 
     static void install(); // makes Qt know of this class; further calls do nothing
-    // Tell assistive programs. `position` is in bytes, `text` is UTF-8 that came or went there.
-    static void tellChange(ScintillaView& view, std::intptr_t position, const QByteArray& text, bool inserted);
-    static void tellCaret(ScintillaView& view);
+    // What assistive programs are to be told. `position` is in bytes, `text` is UTF-8 that came or went there.
+    using Events = std::vector<std::unique_ptr<QAccessibleEvent>>;
+    static Events changeEvents(ScintillaView& view, std::intptr_t position, const QByteArray& text, bool inserted);
+    static Events caretEvents(ScintillaView& view);
 
     void* interface_cast(QAccessible::InterfaceType type) override;
     QAccessible::State state() const override;

@@ -20,6 +20,12 @@ constexpr std::intptr_t bookmarkColor = 0xC07020; // a blue; red is in the low b
 constexpr std::intptr_t foldBoxColor = 0x505050;
 constexpr std::intptr_t guideColor = 0xB0B0B0;
 
+void tell(const CodeEditorAccessible::Events& events)
+{
+    for (const auto& event : events)
+        QAccessible::updateAccessibility(event.get());
+}
+
 } // namespace
 
 ScintillaView::ScintillaView(QWidget* parent) : QsciScintillaBase(parent)
@@ -54,8 +60,8 @@ void ScintillaView::connectNotifications()
         if (m_handler)
             m_handler->onUpdateUi();
         fitNumberMargin();
-        if ((what & SC_UPDATE_SELECTION) != 0)
-            tellCaret();
+        if ((what & SC_UPDATE_SELECTION) != 0 && QAccessible::isActive())
+            tell(CodeEditorAccessible::caretEvents(*this));
     });
     connect(this, &QsciScintillaBase::SCN_MARGINCLICK, this, [this](int position) {
         if (m_handler)
@@ -174,15 +180,9 @@ void ScintillaView::setText(const QByteArray& text)
 void ScintillaView::onModified(int position, int type, const QByteArray& text)
 {
     if (QAccessible::isActive())
-        CodeEditorAccessible::tellChange(*this, position, text, (type & SC_MOD_INSERTTEXT) != 0);
+        tell(CodeEditorAccessible::changeEvents(*this, position, text, (type & SC_MOD_INSERTTEXT) != 0));
     if (m_silent == 0)
         emit edited();
-}
-
-void ScintillaView::tellCaret()
-{
-    if (QAccessible::isActive())
-        CodeEditorAccessible::tellCaret(*this);
 }
 
 // The width asked for suits a ten-point font at 96 dpi. A bigger one, by a style, by zooming or by the screen,

@@ -56,7 +56,6 @@ private:
     std::intptr_t searchInTarget(const QByteArray& text);
     void connectNotifications();
     void onModified(int position, int type, const QByteArray& text);
-    void tellCaret();
     void fitNumberMargin();
 
     cScintilla* m_handler = nullptr;

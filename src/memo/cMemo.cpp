@@ -12,7 +12,7 @@
 using namespace Qt::StringLiterals;
 
 // Runs a body whose errors are kept instead of shown.
-template<typename Body>
+template <typename Body>
 bool cMemo::silently(Body&& body)
 {
     m_lastError.clear();
@@ -29,7 +29,8 @@ bool cMemo::Load()
 {
     return silently([&] {
         ArchiveUnit unit(m_archive);
-        const jet::Recordset row = unit.Open(u" SELECT * FROM tab_memo WHERE memoID = "_s + QString::number(MemoID) + u" "_s);
+        const jet::Recordset row =
+            unit.Open(u" SELECT * FROM tab_memo WHERE memoID = "_s + QString::number(MemoID) + u" "_s);
         if (row.eof())
             return;
         const auto number = [&](const QString& column, qint32& field) {
@@ -73,17 +74,18 @@ bool cMemo::Update()
     return silently([&] {
         ArchiveUnit unit(m_archive);
         // The date is written in the one form that the archive's engine reads the same under every locale.
-        const int rows = unit.Execute(u"UPDATE tab_memo SET "_s + //
-                     u"tab_memo.categoryID = "_s + QString::number(CategoryID) + u" , "_s +
-                     u"tab_memo.memoTypeID = "_s + QString::number(MemoTypeID) + u" , "_s + //
-                     u"tab_memo.memoName = '"_s + quoted(MemoName) + u"' , "_s +
-                     u"tab_memo.memoDescription = '"_s + quoted(MemoDescription) + u"' , "_s + //
-                     u"tab_memo.memoLink = '"_s + quoted(MemoLink) + u"' , "_s + //
-                     u"tab_memo.snipVale = '"_s + quoted(SnipVale) + u"' , "_s + //
-                     u"tab_memo.memoNotes = '"_s + quoted(MemoNotes) + u"' , "_s + //
-                     u"tab_memo.dateLastMod = '"_s + FormatDateSQL(m_archive.clock().now()) + u"' , "_s +
-                     u"tab_memo.openingState = "_s + QString::number(MemoOpeningState) + u" "_s + //
-                     u"WHERE (tab_memo.memoID = "_s + QString::number(MemoID) + u" ) "_s);
+        const int rows =
+            unit.Execute(u"UPDATE tab_memo SET "_s + //
+                         u"tab_memo.categoryID = "_s + QString::number(CategoryID) + u" , "_s +
+                         u"tab_memo.memoTypeID = "_s + QString::number(MemoTypeID) + u" , "_s + //
+                         u"tab_memo.memoName = '"_s + quoted(MemoName) + u"' , "_s + u"tab_memo.memoDescription = '"_s +
+                         quoted(MemoDescription) + u"' , "_s + //
+                         u"tab_memo.memoLink = '"_s + quoted(MemoLink) + u"' , "_s + //
+                         u"tab_memo.snipVale = '"_s + quoted(SnipVale) + u"' , "_s + //
+                         u"tab_memo.memoNotes = '"_s + quoted(MemoNotes) + u"' , "_s + //
+                         u"tab_memo.dateLastMod = '"_s + FormatDateSQL(m_archive.clock().now()) + u"' , "_s +
+                         u"tab_memo.openingState = "_s + QString::number(MemoOpeningState) + u" "_s + //
+                         u"WHERE (tab_memo.memoID = "_s + QString::number(MemoID) + u" ) "_s);
         if (rows == 0) // another program deleted it: what is in the fields must not count as saved
             throw std::runtime_error("The memo is no longer in the archive.");
     });

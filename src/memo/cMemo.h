@@ -20,7 +20,7 @@ public:
     QString MemoName;
     QString MemoDescription;
     QString MemoLink;
-    QString SnipVale;  // the code
+    QString SnipVale; // the code
     QString MemoNotes; // RTF
     qint32 CategoryID = 0;
     QDateTime MemoDateIn;
@@ -39,7 +39,7 @@ public:
     const QString& lastError() const { return m_lastError; }
 
 private:
-    template<typename Body>
+    template <typename Body>
     bool silently(Body&& body);
     Archive& m_archive;
     QString m_lastError;

@@ -31,8 +31,8 @@ QString dateText(const QDateTime& moment)
 
 } // namespace
 
-frmSnipVale::frmSnipVale(const MemoContext& context, QWidget* parent) :
-    QDialog(parent), m_ui(std::make_unique<Ui::frmSnipVale>()), m_context(context)
+frmSnipVale::frmSnipVale(const MemoContext& context, QWidget* parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::frmSnipVale>()), m_context(context)
 {
     m_ui->setupUi(this);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -245,8 +245,9 @@ void frmSnipVale::cmdApply_Click()
 
 void frmSnipVale::reject()
 {
-    if (m_isDirty && m_context.archive.questions().ask(u"Close without saving changes?"_s, MessageStyle::YesNoDefaultNo,
-                                                       u"SnipVale"_s) != Answer::Yes)
+    if (m_isDirty &&
+        m_context.archive.questions().ask(u"Close without saving changes?"_s, MessageStyle::YesNoDefaultNo,
+                                          u"SnipVale"_s) != Answer::Yes)
         return;
     QDialog::reject();
 }

@@ -39,9 +39,9 @@ void frmSnipVale::wirePanes()
         Panes panes;
     };
     const Button buttons[] = {
-        {m_ui->imgCodePlus, u"window-maximize", CodeFills},       {m_ui->imgCodeMinus, u"window-minimize", NotesFill},
-        {m_ui->imgCodeEqual, u"view-split-top-bottom", Equal},    {m_ui->imgNotePlus, u"window-maximize", NotesFill},
-        {m_ui->imgNoteMinus, u"window-minimize", CodeFills},      {m_ui->imgNoteEqual, u"view-split-top-bottom", Equal},
+        {m_ui->imgCodePlus, u"window-maximize", CodeFills},    {m_ui->imgCodeMinus, u"window-minimize", NotesFill},
+        {m_ui->imgCodeEqual, u"view-split-top-bottom", Equal}, {m_ui->imgNotePlus, u"window-maximize", NotesFill},
+        {m_ui->imgNoteMinus, u"window-minimize", CodeFills},   {m_ui->imgNoteEqual, u"view-split-top-bottom", Equal},
     };
     for (const Button& row : buttons) {
         row.button->setIcon(themedIcon(QStringView(row.icon).toString()));
@@ -49,7 +49,8 @@ void frmSnipVale::wirePanes()
         connect(row.button, &QToolButton::clicked, this, [this, panes = row.panes] { setPanes(panes); });
     }
     // A pane can shrink to its header.
-    for (const auto& [pane, header] : {std::pair{m_ui->paneCode, m_ui->picCode}, std::pair{m_ui->paneNote, m_ui->picNote}}) {
+    for (const auto& [pane, header] :
+         {std::pair{m_ui->paneCode, m_ui->picCode}, std::pair{m_ui->paneNote, m_ui->picNote}}) {
         header->setFixedHeight(header->sizeHint().height());
         header->setBackgroundRole(QPalette::Midlight);
         pane->setMinimumHeight(header->height());
@@ -59,9 +60,9 @@ void frmSnipVale::wirePanes()
 void frmSnipVale::setPanes(int openingState)
 {
     const int height = m_ui->picContainer->height();
-    const int code = openingState == CodeFills   ? height - m_ui->picNote->height()
-                     : openingState == NotesFill ? m_ui->picCode->height()
-                                                 : height / 2;
+    const int code = openingState == CodeFills ? height - m_ui->picNote->height()
+        : openingState == NotesFill            ? m_ui->picCode->height()
+                                               : height / 2;
     m_ui->hSplitter->setSizes({code, height - code});
     m_context.memo.MemoOpeningState = qint16(openingState);
 }
@@ -111,7 +112,8 @@ void frmSnipVale::makeCodeBar()
             m_ui->tbToolBarMemo->addSeparator();
             continue;
         }
-        auto* action = new QAction(themedIcon(QStringView(row.icon).toString()), QStringView(row.tip).toString(), m_ui->tbToolBarMemo);
+        auto* action = new QAction(themedIcon(QStringView(row.icon).toString()), QStringView(row.tip).toString(),
+                                   m_ui->tbToolBarMemo);
         action->setObjectName(QStringView(row.key).toString());
         action->setEnabled(bool(row.run));
         m_ui->tbToolBarMemo->addAction(action);
@@ -169,9 +171,10 @@ void frmSnipVale::makeNoteBar()
     setup.bar = u"tbToolBarNote"_s;
     setup.fontName = u"cmbFontName"_s;
     setup.fontSize = u"cmbFontSize"_s;
-    setup.keys = {u"New"_s,       u"Open"_s,   u"Save"_s,   u"Print"_s,   u"|"_s,          u"Cut"_s,    u"Copy"_s,
-                  u"Paste"_s,     u"|"_s,      u"Bold"_s,   u"Italic"_s,  u"Underline"_s,  u"Color"_s,  u"|"_s,
-                  u"Align Left"_s, u"Center"_s, u"Align Right"_s, u"|"_s, u"Number"_s, u"Bullets"_s, u"Outdent"_s, u"Indent"_s};
+    setup.keys = {u"New"_s,    u"Open"_s,    u"Save"_s,       u"Print"_s,  u"|"_s,           u"Cut"_s,
+                  u"Copy"_s,   u"Paste"_s,   u"|"_s,          u"Bold"_s,   u"Italic"_s,      u"Underline"_s,
+                  u"Color"_s,  u"|"_s,       u"Align Left"_s, u"Center"_s, u"Align Right"_s, u"|"_s,
+                  u"Number"_s, u"Bullets"_s, u"Outdent"_s,    u"Indent"_s};
     setup.hidden = {u"New"_s, u"Save"_s, u"Number"_s}; // they do nothing
     setup.icon = themedIcon;
     auto* bar = new RichTextBar(notes, setup, m_ui->noteBody);

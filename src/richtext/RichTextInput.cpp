@@ -149,8 +149,12 @@ bool RichTextBox::doListKey(const QKeyEvent& event)
     const int level = listLevel(cursor.block());
     if (isReadOnly())
         return false;
-    if (event.key() == Qt::Key_Backtab && level < 0)
-        return QWidget::focusNextPrevChild(false); // Tab writes a tab, so this is the way out
+    if (event.key() == Qt::Key_Backtab && level < 0) {
+        setTabChangesFocus(true); // Tab writes a tab, so this is the way out
+        const bool left = focusPreviousChild();
+        setTabChangesFocus(false);
+        return left;
+    }
     if (level < 0 || cursor.hasSelection())
         return false;
     if (event.key() == Qt::Key_Backtab || (event.key() == Qt::Key_Tab && cursor.atBlockStart())) {

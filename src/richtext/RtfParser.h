@@ -22,9 +22,9 @@ public:
     using Handler = void (Parser::*)(const Control&);
     struct Word {
         std::string_view name;
-        Dest dest; // where the word has this meaning
         Handler handler;
         int arg;
+        Dest dest; // where the word has this meaning
     };
 
 private:

@@ -69,14 +69,16 @@ void tst_Settings::readingValues_data()
     QTest::addColumn<QByteArray>("ini");
     QTest::addColumn<QString>("value");
     QTest::newRow("plain") << QByteArray("[setup]\ndbfullpath=a.SVA\n") << u"a.SVA"_s;
-    QTest::newRow("letter case, blanks") << QByteArray("; x\r\n[ SetUp ]\r\n DbFullPath =  /a b/c.SVA \r\n") << u"/a b/c.SVA"_s;
+    QTest::newRow("letter case, blanks") << QByteArray("; x\r\n[ SetUp ]\r\n DbFullPath =  /a b/c.SVA \r\n")
+                                         << u"/a b/c.SVA"_s;
     QTest::newRow("quotes") << QByteArray("[setup]\ndbfullpath=\" x.SVA \"\n") << u" x.SVA "_s;
     QTest::newRow("backslashes") << QByteArray("[setup]\ndbfullpath=D:\\x\\new\\t.sva\n") << u"D:\\x\\new\\t.sva"_s;
     QTest::newRow("utf-8") << QByteArray("[setup]\ndbfullpath=/данные/архив.SVA") << u"/данные/архив.SVA"_s;
     QTest::newRow("latin-1") << QByteArray("[setup]\ndbfullpath=/caf\xE9.SVA") << u"/café.SVA"_s;
     QTest::newRow("bom") << QByteArray("\xEF\xBB\xBF[setup]\ndbfullpath=a") << u"a"_s;
     QTest::newRow("equals sign in the value") << QByteArray("[setup]\ndbfullpath=a=b") << u"a=b"_s;
-    QTest::newRow("other section") << QByteArray("[other]\ndbfullpath=b\n[setup]\nx=1\n[third]\ndbfullpath=c") << u"fallback"_s;
+    QTest::newRow("other section") << QByteArray("[other]\ndbfullpath=b\n[setup]\nx=1\n[third]\ndbfullpath=c")
+                                   << u"fallback"_s;
     QTest::newRow("commented out") << QByteArray("[setup]\n;dbfullpath=b\n") << u"fallback"_s;
     QTest::newRow("cut") << QByteArray("[setup]\ndbfullpath=" + QByteArray(200, 'x')) << QString(128, u'x');
     QTest::newRow("empty value") << QByteArray("[setup]\ndbfullpath=\n") << QString();
@@ -94,12 +96,15 @@ void tst_Settings::writingKeepsTheRest_data()
 {
     QTest::addColumn<QByteArray>("before");
     QTest::addColumn<QByteArray>("after");
-    QTest::newRow("changed in place") << QByteArray("; mine\r\n[setup]\r\nDbFullPath = old\r\nodd line\r\n[p]\r\nx=1\r\n")
-                                      << QByteArray("; mine\r\n[setup]\r\nDbFullPath =D:\\n.sva\r\nodd line\r\n[p]\r\nx=1\r\n");
-    QTest::newRow("added to the section") << QByteArray("[setup]\nx=1\n\n[p]\ny=2") << QByteArray("[setup]\nx=1\ndbfullpath=D:\\n.sva\n\n[p]\ny=2");
+    QTest::newRow("changed in place")
+        << QByteArray("; mine\r\n[setup]\r\nDbFullPath = old\r\nodd line\r\n[p]\r\nx=1\r\n")
+        << QByteArray("; mine\r\n[setup]\r\nDbFullPath =D:\\n.sva\r\nodd line\r\n[p]\r\nx=1\r\n");
+    QTest::newRow("added to the section")
+        << QByteArray("[setup]\nx=1\n\n[p]\ny=2") << QByteArray("[setup]\nx=1\ndbfullpath=D:\\n.sva\n\n[p]\ny=2");
     QTest::newRow("section added") << QByteArray("[p]\ny=2") << QByteArray("[p]\ny=2\n[setup]\ndbfullpath=D:\\n.sva\n");
     QTest::newRow("new file") << QByteArray("") << QByteArray("[setup]\ndbfullpath=D:\\n.sva\n");
-    QTest::newRow("foreign bytes stay") << QByteArray("\xFF\xFE=1\n[setup]\ndbfullpath=o") << QByteArray("\xFF\xFE=1\n[setup]\ndbfullpath=D:\\n.sva");
+    QTest::newRow("foreign bytes stay") << QByteArray("\xFF\xFE=1\n[setup]\ndbfullpath=o")
+                                        << QByteArray("\xFF\xFE=1\n[setup]\ndbfullpath=D:\\n.sva");
 }
 
 void tst_Settings::writingKeepsTheRest()
@@ -128,7 +133,16 @@ void tst_Settings::booleans_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("value"); // -1: no boolean
-    for (const auto& [text, value] : {std::pair{"1", 1}, {"True", 1}, {"tRUE", 1}, {"-1", 1}, {"0.5", 1}, {" 1 ", 1}, {"0", 0}, {"False", 0}, {"yes", -1}, {"  ", -1}})
+    for (const auto& [text, value] : {std::pair{"1", 1},
+                                      {"True", 1},
+                                      {"tRUE", 1},
+                                      {"-1", 1},
+                                      {"0.5", 1},
+                                      {" 1 ", 1},
+                                      {"0", 0},
+                                      {"False", 0},
+                                      {"yes", -1},
+                                      {"  ", -1}})
         QTest::newRow(text) << QString::fromLatin1(text) << value;
 }
 
@@ -148,11 +162,14 @@ void tst_Settings::archivePath_data()
     QTest::addColumn<QString>("path"); // $ is the program directory
     QTest::addColumn<bool>("exists");
     QTest::addColumn<bool>("flat");
-    QTest::newRow("a name") << QByteArray("[setup]\ndbfullpath=scratch.SVA\n[preferences]\nxplook=1") << u"$/scratch.SVA"_s << true << true;
+    QTest::newRow("a name") << QByteArray("[setup]\ndbfullpath=scratch.SVA\n[preferences]\nxplook=1")
+                            << u"$/scratch.SVA"_s << true << true;
     QTest::newRow("no key") << QByteArray("[preferences]\nxplook=0") << u"$/snipvale.ini"_s << true << false;
     QTest::newRow("no section") << QByteArray("[setup]\ndbfullpath=scratch.SVA") << u"$/scratch.SVA"_s << true << false;
-    QTest::newRow("a windows path") << QByteArray("[setup]\ndbfullpath=D:\\x\\data.sva\n[preferences]\nxplook=True") << u"D:\\x\\data.sva"_s << false << true;
-    QTest::newRow("a path") << QByteArray("[setup]\ndbfullpath=/no/such/data.sva\n[preferences]\nxplook=") << u"/no/such/data.sva"_s << false << false;
+    QTest::newRow("a windows path") << QByteArray("[setup]\ndbfullpath=D:\\x\\data.sva\n[preferences]\nxplook=True")
+                                    << u"D:\\x\\data.sva"_s << false << true;
+    QTest::newRow("a path") << QByteArray("[setup]\ndbfullpath=/no/such/data.sva\n[preferences]\nxplook=")
+                            << u"/no/such/data.sva"_s << false << false;
 }
 
 void tst_Settings::archivePath()

@@ -307,7 +307,7 @@ void tst_frmMain::compact()
     const qint64 before = QFileInfo(archive).size();
     const QString question = u"The following procedure will compact and repair the current archive!\r\n"
                              "You might do a backup copy of you archive  before starting.\r\nCurrent archive: "_s +
-                             archive + u"\r\nConfirm procedure?"_s;
+        archive + u"\r\nConfirm procedure?"_s;
     p.questions.expect(question, Answer::No);
     p.frame->ActiveBar21_Click(u"miFileCompactDB"_s);
     QCOMPARE(QFileInfo(archive).size(), before);
@@ -318,7 +318,9 @@ void tst_frmMain::compact()
     p.frame->ActiveBar21_Click(u"miFileCompactDB"_s);
     const qint64 now = QFileInfo(archive).size();
     QVERIFY(now < before);
-    QCOMPARE(p.questions.asked.last().text, u"Done!\r\nFile lenght in byte before procedure: %1\r\nFile lenght in byte now: %2"_s.arg(before).arg(now));
+    QCOMPARE(
+        p.questions.asked.last().text,
+        u"Done!\r\nFile lenght in byte before procedure: %1\r\nFile lenght in byte now: %2"_s.arg(before).arg(now));
     QCOMPARE(p.status(), u"SnipVale"_s);
     QVERIFY(!QFile::exists(p.scratch.path(u"tmpCompactDB.sva"_s)));
 }

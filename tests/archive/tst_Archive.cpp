@@ -78,8 +78,11 @@ void tst_Archive::upgradeOfAFreshArchive()
     f.questions.expect(u"Ver 3.0 - archive update completed successfully!"_s);
     QVERIFY(UpdateArchiveVersion(f.archive));
     QCOMPARE(f.questions.asked.last().style, MessageStyle::Information);
-    QCOMPARE(f.value(u"SELECT dateMod FROM tab_version WHERE versionName = '3.0' AND versionBuild = 191"_s), u"2026-03-04 09:05:00"_s);
-    QCOMPARE(f.value(u"SELECT COUNT(categoryID) AS n FROM tab_category WHERE parentID = 0 AND type = 2 AND name = 'ToDo'"_s), u"1"_s);
+    QCOMPARE(f.value(u"SELECT dateMod FROM tab_version WHERE versionName = '3.0' AND versionBuild = 191"_s),
+             u"2026-03-04 09:05:00"_s);
+    QCOMPARE(
+        f.value(u"SELECT COUNT(categoryID) AS n FROM tab_category WHERE parentID = 0 AND type = 2 AND name = 'ToDo'"_s),
+        u"1"_s);
 
     f.statements.clear();
     QVERIFY(UpdateArchiveVersion(f.archive)); // a second start changes nothing and says nothing
@@ -142,8 +145,9 @@ void tst_Archive::categoryRecord()
     QCOMPARE(read.CategoryName, u"l'été"_s);
     {
         ArchiveUnit unit(f.archive);
-        unit.Execute(u"UPDATE tab_category SET tab_category.name = NULL, tab_category.description = NULL, tab_category.type = NULL WHERE categoryID = "_s +
-                     QString::number(id));
+        unit.Execute(
+            u"UPDATE tab_category SET tab_category.name = NULL, tab_category.description = NULL, tab_category.type = NULL WHERE categoryID = "_s +
+            QString::number(id));
     }
     read.CategoryID = id;
     read.CategoryType = 2;
@@ -182,7 +186,8 @@ void tst_Archive::deletingTakesEverythingBelow()
     category.Save();
     {
         ArchiveUnit unit(f.archive);
-        unit.Execute(u"INSERT INTO tab_memo (categoryID, memoTypeID, memoName) VALUES ("_s + QString::number(category.CategoryID) + u", 3, 'x')"_s);
+        unit.Execute(u"INSERT INTO tab_memo (categoryID, memoTypeID, memoName) VALUES ("_s +
+                     QString::number(category.CategoryID) + u", 3, 'x')"_s);
     }
     QVERIFY(category.Delete(QString::number(category.CategoryID)));
     QCOMPARE(f.value(u"SELECT COUNT(memoID) AS n FROM tab_memo"_s), u"0"_s);

@@ -71,7 +71,8 @@ void tst_QtDesktop::fileDialogs()
         dialog.selectFile(u"copy"_s);
         QTimer::singleShot(0, &dialog, [&dialog] { QMetaObject::invokeMethod(&dialog, "accept"); });
     });
-    QCOMPARE(files.saveFile(u"Save"_s, u"SnipVale Archive (*.SVA) |*.SVA"_s, u"SVA"_s).value_or(QString()), folder.filePath(u"copy.SVA"_s));
+    QCOMPARE(files.saveFile(u"Save"_s, u"SnipVale Archive (*.SVA) |*.SVA"_s, u"SVA"_s).value_or(QString()),
+             folder.filePath(u"copy.SVA"_s));
 }
 
 void tst_QtDesktop::instances()

@@ -50,7 +50,8 @@ void tst_ExplorerModels::tree()
     QCOMPARE(model.rowCount(), 1);
     QCOMPARE(model.rootIndex().data().toString(), u"Code Root"_s);
     const std::vector<CategoryRow> rows = {row(1, 0, u"b"_s), row(5, 1, u"zz"_s), row(6, 1, u"Äa"_s),
-                                           row(2, 0, u"A"_s, CategoryKind::Bookmark), row(3, 0, u"c"_s, CategoryKind::ToDo)};
+                                           row(2, 0, u"A"_s, CategoryKind::Bookmark),
+                                           row(3, 0, u"c"_s, CategoryKind::ToDo)};
     model.setRows(rows);
     QCOMPARE(textsBelow(model, model.rootIndex()), QStringList({u"A"_s, u"b"_s, u"c"_s}));
     const QModelIndex b = model.indexOf(u"1 ID"_s);
@@ -92,10 +93,14 @@ void tst_ExplorerModels::treeOfADamagedArchive()
     {
         ArchiveUnit unit(f.archive);
         // Below itself, in a ring, below nothing, without a type; and a chain of 500.
-        for (const char* values : {"50, 50, 0, 'self'", "51, 52, 0, 'ring'", "52, 51, 0, 'ring2'", "53, 4711, 0, 'orphan'", "54, 1, NULL, 'untyped'", "55, 1, 9, 'odd type'"})
-            unit.Execute(u"INSERT INTO tab_category (categoryID, parentID, type, name) VALUES ("_s + QString::fromLatin1(values) + u')');
+        for (const char* values : {"50, 50, 0, 'self'", "51, 52, 0, 'ring'", "52, 51, 0, 'ring2'",
+                                   "53, 4711, 0, 'orphan'", "54, 1, NULL, 'untyped'", "55, 1, 9, 'odd type'"})
+            unit.Execute(u"INSERT INTO tab_category (categoryID, parentID, type, name) VALUES ("_s +
+                         QString::fromLatin1(values) + u')');
         for (int id = 100; id < 600; ++id)
-            unit.Execute(u"INSERT INTO tab_category (categoryID, parentID, type, name) VALUES (%1, %2, 0, 'deep')"_s.arg(id).arg(id == 100 ? 1 : id - 1));
+            unit.Execute(
+                u"INSERT INTO tab_category (categoryID, parentID, type, name) VALUES (%1, %2, 0, 'deep')"_s.arg(id).arg(
+                    id == 100 ? 1 : id - 1));
     }
     std::vector<CategoryRow> rows;
     readCategories(f.archive, rows);
@@ -131,7 +136,8 @@ void tst_ExplorerModels::memoList()
     QCOMPARE(first.data(Qt::UserRole + 1).toString(), u"Memo"_s);
     const QLocale locale;
     QCOMPARE(model.index(0, 1).data().toString(),
-             locale.toString(QDate::fromJulianDay(2460000), QLocale::ShortFormat) + u' ' + locale.toString(QTime(9, 5), QLocale::ShortFormat));
+             locale.toString(QDate::fromJulianDay(2460000), QLocale::ShortFormat) + u' ' +
+                 locale.toString(QTime(9, 5), QLocale::ShortFormat));
     QCOMPARE(model.index(0, 2).data().toString(), QString());
     QCOMPARE(model.rowOf(u"3 M_ID"_s), 1);
     QCOMPARE(model.rowOf(u"3 T_ID"_s), -1);
@@ -182,11 +188,16 @@ void tst_ExplorerModels::dueGroups()
         for (const DueToDo& toDo : due.toDos)
             found.append(toDo.name);
     }
-    const QStringList expected = {u"Out of date"_s, u"late"_s, u"later still"_s, u"Today"_s, u"this second"_s, u"Next 6 days"_s,
-                                  u"tomorrow"_s, u"in 7 days"_s, u"Next 3 Weeks"_s, u"in 7 days"_s, u"in 28 days"_s};
+    const QStringList expected = {u"Out of date"_s,  u"late"_s,        u"later still"_s, u"Today"_s,
+                                  u"this second"_s,  u"Next 6 days"_s, u"tomorrow"_s,    u"in 7 days"_s,
+                                  u"Next 3 Weeks"_s, u"in 7 days"_s,   u"in 28 days"_s};
     QCOMPARE(found, expected);
-    QCOMPARE(f.statements.first(), u" SELECT * FROM tab_todo  WHERE tab_todo.dueDate  <  #2026-3-4 9:5:0#  AND tab_todo.done = 0  ORDER BY tab_todo.dueDate DESC "_s);
-    QCOMPARE(f.statements.last(), u" SELECT * FROM tab_todo  WHERE tab_todo.dueDate  BETWEEN #2026-3-11 9:5:0#  AND  #2026-4-1 9:5:0#  AND tab_todo.done = 0  ORDER BY tab_todo.dueDate ASC "_s);
+    QCOMPARE(
+        f.statements.first(),
+        u" SELECT * FROM tab_todo  WHERE tab_todo.dueDate  <  #2026-3-4 9:5:0#  AND tab_todo.done = 0  ORDER BY tab_todo.dueDate DESC "_s);
+    QCOMPARE(
+        f.statements.last(),
+        u" SELECT * FROM tab_todo  WHERE tab_todo.dueDate  BETWEEN #2026-3-11 9:5:0#  AND  #2026-4-1 9:5:0#  AND tab_todo.done = 0  ORDER BY tab_todo.dueDate ASC "_s);
 }
 
 void tst_ExplorerModels::summaryStatements()
@@ -198,7 +209,8 @@ void tst_ExplorerModels::summaryStatements()
     QCOMPARE(summary.toDoCategories, 1);
     QCOMPARE(summary.memos + summary.bookmarks + summary.toDos + summary.passwords + summary.notes, 0);
     QCOMPARE(f.statements.value(0), u"SELECT COUNT(memoID) AS totalMemo From tab_memo "_s);
-    QCOMPARE(f.statements.value(1), u"SELECT COUNT(categoryID) AS totalCat From tab_category  WHERE tab_category.type = 0 "_s);
+    QCOMPARE(f.statements.value(1),
+             u"SELECT COUNT(categoryID) AS totalCat From tab_category  WHERE tab_category.type = 0 "_s);
     QCOMPARE(f.statements.value(6), u"SELECT COUNT(passwordID) AS totalPassword From tab_password "_s);
     QCOMPARE(f.statements.value(7), u"SELECT COUNT(noteID) AS totalNote From tab_note "_s);
 }

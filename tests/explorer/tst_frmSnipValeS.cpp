@@ -43,7 +43,8 @@ struct Explorer : UiFixture {
     void addMemo(const QString& name)
     {
         ArchiveUnit unit(archive);
-        unit.Execute(u"INSERT INTO tab_memo (categoryID, memoTypeID, memoName, dateIn) VALUES (1, 3, '"_s + name + u"', '2026-3-4 9:5:0')"_s);
+        unit.Execute(u"INSERT INTO tab_memo (categoryID, memoTypeID, memoName, dateIn) VALUES (1, 3, '"_s + name +
+                     u"', '2026-3-4 9:5:0')"_s);
     }
     bool enabled(const char* command) { return frame.enabledCommands.value(QString::fromLatin1(command)); }
 
@@ -77,12 +78,14 @@ void tst_frmSnipValeS::sections()
     Explorer e;
     QCOMPARE(e.section(), u"picWelcome"_s);
     QCOMPARE(e.label("lblFolderName"), u" Memo"_s);
-    QVERIFY(e.enabled("miCategoryNew") && !e.enabled("miCategoryModify") && !e.enabled("miCategoryDelete") && !e.enabled("miMemoNew"));
+    QVERIFY(e.enabled("miCategoryNew") && !e.enabled("miCategoryModify") && !e.enabled("miCategoryDelete") &&
+            !e.enabled("miMemoNew"));
     e.click(u"1 ID"_s);
     QCOMPARE(e.section(), u"lvwMemo"_s);
     QCOMPARE(e.label("lblFolderName"), u" Memo - Code Root\\Code "_s);
     QCOMPARE(e.category.CategoryID, 1);
-    QVERIFY(e.enabled("miMemoNew") && e.enabled("miCategoryModify") && !e.enabled("miBookmarkNew") && !e.enabled("miToDoNew"));
+    QVERIFY(e.enabled("miMemoNew") && e.enabled("miCategoryModify") && !e.enabled("miBookmarkNew") &&
+            !e.enabled("miToDoNew"));
     QCOMPARE(e.frame.status, u"Memo -  items: 0"_s);
     e.click(u"2 ID"_s);
     QCOMPARE(e.section(), u"picBookmark"_s);
@@ -159,12 +162,14 @@ void tst_frmSnipValeS::deleteCategory()
     {
         ArchiveUnit unit(e.archive);
         for (const char* row : {"7, 1, 'a'", "9, 7, 'b'", "12, 9, 'c'"})
-            unit.Execute(u"INSERT INTO tab_category (categoryID, parentID, name, type) VALUES ("_s + QString::fromLatin1(row) + u", 0)"_s);
+            unit.Execute(u"INSERT INTO tab_category (categoryID, parentID, name, type) VALUES ("_s +
+                         QString::fromLatin1(row) + u", 0)"_s);
         unit.Execute(u"INSERT INTO tab_memo (categoryID, memoTypeID, memoName) VALUES (12, 3, 'deep')"_s);
     }
     e.window.LoadTreeView();
     e.click(u"7 ID"_s);
-    const QString question = u"Are you sure you want to delete selected categories 'Code Root\\Code\\a' ? \r\nATTENTION: this will delete all elements too!"_s;
+    const QString question =
+        u"Are you sure you want to delete selected categories 'Code Root\\Code\\a' ? \r\nATTENTION: this will delete all elements too!"_s;
     e.questions.expect(question, Answer::No);
     e.window.DeleteCategory();
     QCOMPARE(e.questions.asked.last().title, u"Deleting "_s);
@@ -290,7 +295,9 @@ void tst_frmSnipValeS::contextMenus()
     Explorer e;
     e.addMemo(u"x"_s);
     e.click(u"1 ID"_s);
-    const auto rightClick = [](QAbstractItemView& view, QPoint at) { QTest::mouseClick(view.viewport(), Qt::RightButton, {}, at); };
+    const auto rightClick = [](QAbstractItemView& view, QPoint at) {
+        QTest::mouseClick(view.viewport(), Qt::RightButton, {}, at);
+    };
     rightClick(e.list(), QPoint(50, e.list().viewport()->height() - 10));
     QVERIFY(!e.enabled("miMemoModify") && !e.enabled("miMemoDelete"));
     rightClick(e.list(), e.list().visualRect(e.list().model()->index(0, 0)).center());

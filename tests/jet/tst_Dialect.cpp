@@ -50,66 +50,117 @@ struct Filled : JetFixture {
     }
 };
 
+struct Case {
+    const char* sql;
+    const char* expected; // the rows, or words of the error
+};
+
+const Case readable[] = {
+    {" SELECT name FROM tab_category WHERE parentID = 0  ORDER BY tab_category.name ", "Code;ToDo"},
+    {"SELECT COUNT(memoID) AS totalMemo From tab_memo ", "3"},
+    {"SELECT COUNT(categoryID) AS totalCat From tab_category  WHERE tab_category.type = 0 ", "1"},
+    {"SELECT name FROM tab_memoType  WHERE tab_memoType.enabled = true  ORDER BY  name ", "Ärger;C++"},
+    {"SELECT name FROM tab_memoType  WHERE enabled = true  AND visible = true  ORDER BY name", "Ärger"},
+    {"SELECT name FROM tab_memoType WHERE visible = 0", "C++"},
+    {"SELECT memoTypeID,  keywords  FROM tab_memoType  WHERE lexerCode = 'SCLEX_CPP' ", "3|Null"},
+    {"SELECT tab_memoType.memoTypeID, tab_memoType.name, tab_style.*  FROM tab_memoType INNER JOIN tab_style ON "
+     "tab_memoType.lexerCode = tab_style.lexerCode  WHERE tab_memoType.memoTypeID = 3 ",
+     "3|C++|1"},
+    {" SELECT todoID FROM tab_todo  WHERE tab_todo.dueDate  <  #2024-3-7 9:5:0#  AND tab_todo.done = 0  ORDER BY "
+     "tab_todo.dueDate DESC ",
+     "2"},
+    {" SELECT todoID FROM tab_todo  WHERE tab_todo.dueDate  BETWEEN #2024-3-7 9:5:0#  AND  #2024-3-7 9:5:0#  AND "
+     "tab_todo.done = 0 ",
+     ""},
+    {" SELECT todoID FROM tab_todo  WHERE tab_todo.dueDate  BETWEEN #3/6/2024#  AND  #3/8/2024 9:05:00 AM#  ORDER "
+     "BY tab_todo.dueDate ASC ",
+     "2;3;4"},
+    {"SELECT todoID FROM tab_ToDo WHERE tab_ToDo.alarmOn <> 0  AND  tab_ToDo.alarmDate < #2024-3-7 0:0:1# ", "1;3"},
+    {" SELECT TODOID FROM tab_todo  WHERE todoID = 3 ", "3"},
+    {" SELECT options FROM tab_option WHERE code = 'masterpwd'", ""},
+    {" SELECT passwordID, userName, password FROM tab_password ", "1|0A|0B"},
+    {" SELECT title FROM tab_Password WHERE PasswordID = 1 ", "post"},
+    {"SELECT tab_password.title  FROM tab_password INNER JOIN tab_passwordCategory ON "
+     "tab_password.passwordCategoryID = tab_passwordCategory.passwordCategoryID   WHERE ( "
+     "tab_password.passwordCategoryID = 1 )",
+     "post"},
+    {" SELECT title FROM tab_password WHERE passwordID IN ( 1, 2)", "post"},
+    {"SELECT  tab_passwordCategory.name FROM tab_passwordCategory  WHERE tab_passwordCategory.name =  'MAIL' ", "mail"},
+    {"SELECT tab_note.content, color FROM tab_note ", "buy|yellow"},
+    {" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_memo.memoID as memoID, "
+     "tab_memo.memoName, tab_memoType.name as memoType FROM tab_memoType INNER JOIN (tab_category INNER JOIN "
+     "tab_memo ON tab_category.categoryID = tab_memo.categoryID) ON tab_memoType.memoTypeID = tab_memo.memoTypeID  "
+     "WHERE 1 <> 1   OR ( tab_memo.memoName LIKE '%GRÖ%' )  OR ( tab_memo.memoNotes LIKE '%GRÖ%' )",
+     "1|Code|3|größe|C++"},
+    {" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_todo.todoID, tab_todo.name as "
+     "todoName, tab_todo.description, tab_todo.dateIn, tab_todo.dateLastMod  FROM tab_category INNER JOIN tab_todo "
+     "ON tab_category.categoryID = tab_todo.categoryID  WHERE 1 <> 1   OR ( tab_todo.name LIKE '%DO 4%' )",
+     "2|ToDo|4|todo 4|Null|Null|Null"},
+    {" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_bookmark.bookmarkID, "
+     "tab_bookmark.name as bookmarkName, tab_bookmark.url FROM tab_category INNER JOIN tab_bookmark ON "
+     "tab_category.categoryID = tab_bookmark.categoryID  WHERE 1 <> 1 ",
+     ""},
+    {"SELECT memoName FROM tab_memo WHERE snipVale LIKE '%привет 100[%]' AND memoName NOT LIKE 'f%' ORDER BY "
+     "memoName",
+     "größe;Strings"},
+    {"SELECT memoName FROM tab_memo WHERE memoName IN ('FILES', 'nothing') OR memoName IS NULL", "Files"},
+    {"SELECT COUNT(name) AS n FROM tab_todo GROUP BY done HAVING COUNT(name) > 2", "3"},
+    {"SELECT name & '!' FROM tab_todo WHERE [todoID] = 1;", "todo 1!"},
+};
+
+// Each of these ends in a description, and changes nothing.
+const Case refused[] = {
+    {"SELECT * FROM tab_memo WHERE 1 <> 1   OR ( tab_memo.memoName LIKE '%O'Hara%' )", "Syntax error"},
+    {"SELECT * FROM tab_memo WHERE memoName LIKE '%it's%'", "Syntax error"},
+    {"SELECT * FROM tab_memo WHERE memoName LIKE '%[abc%'", "Invalid pattern"},
+    {"UPDATE tab_todo SET dueDate = 'tomorrow'", "date"},
+    {"UPDATE tab_todo SET dueDate = '2023-2-29'", "date"},
+    {"UPDATE tab_todo SET priority = 'high'", "conversion"},
+    {"UPDATE tab_todo SET priority = 40000", "Overflow"},
+    {"UPDATE tab_todo SET priority = 1e999", "Overflow"},
+    {"UPDATE tab_todo SET priority = 99999999999999999999", "Overflow"},
+    {"UPDATE tab_todo SET nosuch = 1", "Unknown field"},
+    {"UPDATE tab_todo SET tab_memo.name = 'x'", "tab_memo"},
+    {"UPDATE tab_todo SET name = ", "value is missing"},
+    {"UPDATE tab_todo SET categoryID = 77", "related record"},
+    {"UPDATE tab_todo SET todoID = 5 WHERE todoID < 3", "duplicate"},
+    {"SELECT * FROM tab_todo WHERE dueDate = '2024-3-7'", "mismatch"},
+    {"SELECT * FROM tab_todo WHERE todoID IN ('1', '2')", "mismatch"},
+    {"SELECT * FROM tab_todo WHERE name = 5", "mismatch"},
+    {"SELECT nosuch FROM tab_memo", "nosuch"},
+    {"SELECT * FROM nosuch", "nosuch"},
+    {"INSERT INTO tab_option (code, options) VALUES ('x')", "not the same"},
+    {"INSERT INTO tab_option (code) VALUES ('x', 'y')", "not the same"},
+    {"INSERT INTO tab_option (code) VALUES ('x'), ('y')", "Syntax error"},
+    {"INSERT INTO tab_option (code) SELECT name FROM tab_todo", "VALUES"},
+    {"DROP TABLE tab_category", "refers to it"},
+    {"", "Invalid SQL"},
+    {"SELECT 1; DELETE * FROM tab_todo", "after end"},
+    // Other files, settings and code.
+    {"ATTACH DATABASE '/tmp/x' AS x", "Invalid SQL"},
+    {"PRAGMA writable_schema = 1", "Invalid SQL"},
+    {"VACUUM INTO '/tmp/x'", "Invalid SQL"},
+    {"WITH x AS (SELECT 1) SELECT * FROM x", "Invalid SQL"},
+    {"SELECT load_extension('/tmp/x') FROM tab_todo", "authorized"},
+    {"SELECT writefile('/tmp/x', 'y') FROM tab_todo", "function"},
+    {"SELECT fts3_tokenizer('x') FROM tab_todo", "authorized"},
+    {"SELECT * FROM pragma_table_list", "authorized"},
+    {"SELECT * FROM pragma_journal_mode", "authorized"},
+    {"UPDATE sqlite_schema SET sql = ''", "sqlite_"},
+    {"UPDATE tab_todo SET name = randomblob(9)", "authorized"},
+    {"CREATE TABLE x (y LONG) AS SELECT 1", "Syntax error"},
+    {"CREATE VIEW x AS SELECT 1", "TABLE"},
+    {"CREATE TRIGGER x AFTER DELETE ON tab_todo BEGIN SELECT 1 END", "TABLE"},
+};
+
 } // namespace
 
 void tst_Dialect::reads_data()
 {
     QTest::addColumn<QString>("sql");
     QTest::addColumn<QString>("expected");
-    const auto row = [](const char* sql, const char* expected) {
-        QTest::newRow(sql) << QString::fromUtf8(sql) << QString::fromUtf8(expected);
-    };
-    row(" SELECT name FROM tab_category WHERE parentID = 0  ORDER BY tab_category.name ", "Code;ToDo");
-    row("SELECT COUNT(memoID) AS totalMemo From tab_memo ", "3");
-    row("SELECT COUNT(categoryID) AS totalCat From tab_category  WHERE tab_category.type = 0 ", "1");
-    row("SELECT name FROM tab_memoType  WHERE tab_memoType.enabled = true  ORDER BY  name ", "Ärger;C++");
-    row("SELECT name FROM tab_memoType  WHERE enabled = true  AND visible = true  ORDER BY name", "Ärger");
-    row("SELECT name FROM tab_memoType WHERE visible = 0", "C++");
-    row("SELECT memoTypeID,  keywords  FROM tab_memoType  WHERE lexerCode = 'SCLEX_CPP' ", "3|Null");
-    row("SELECT tab_memoType.memoTypeID, tab_memoType.name, tab_style.*  FROM tab_memoType INNER JOIN tab_style ON "
-        "tab_memoType.lexerCode = tab_style.lexerCode  WHERE tab_memoType.memoTypeID = 3 ",
-        "3|C++|1");
-    row(" SELECT todoID FROM tab_todo  WHERE tab_todo.dueDate  <  #2024-3-7 9:5:0#  AND tab_todo.done = 0  ORDER BY "
-        "tab_todo.dueDate DESC ",
-        "2");
-    row(" SELECT todoID FROM tab_todo  WHERE tab_todo.dueDate  BETWEEN #2024-3-7 9:5:0#  AND  #2024-3-7 9:5:0#  AND "
-        "tab_todo.done = 0 ",
-        "");
-    row(" SELECT todoID FROM tab_todo  WHERE tab_todo.dueDate  BETWEEN #3/6/2024#  AND  #3/8/2024 9:05:00 AM#  ORDER "
-        "BY tab_todo.dueDate ASC ",
-        "2;3;4");
-    row("SELECT todoID FROM tab_ToDo WHERE tab_ToDo.alarmOn <> 0  AND  tab_ToDo.alarmDate < #2024-3-7 0:0:1# ", "1;3");
-    row(" SELECT TODOID FROM tab_todo  WHERE todoID = 3 ", "3");
-    row(" SELECT options FROM tab_option WHERE code = 'masterpwd'", "");
-    row(" SELECT passwordID, userName, password FROM tab_password ", "1|0A|0B");
-    row(" SELECT title FROM tab_Password WHERE PasswordID = 1 ", "post");
-    row("SELECT tab_password.title  FROM tab_password INNER JOIN tab_passwordCategory ON "
-        "tab_password.passwordCategoryID = tab_passwordCategory.passwordCategoryID   WHERE ( "
-        "tab_password.passwordCategoryID = 1 )",
-        "post");
-    row(" SELECT title FROM tab_password WHERE passwordID IN ( 1, 2)", "post");
-    row("SELECT  tab_passwordCategory.name FROM tab_passwordCategory  WHERE tab_passwordCategory.name =  'MAIL' ",
-        "mail");
-    row("SELECT tab_note.content, color FROM tab_note ", "buy|yellow");
-    row(" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_memo.memoID as memoID, "
-        "tab_memo.memoName, tab_memoType.name as memoType FROM tab_memoType INNER JOIN (tab_category INNER JOIN "
-        "tab_memo ON tab_category.categoryID = tab_memo.categoryID) ON tab_memoType.memoTypeID = tab_memo.memoTypeID  "
-        "WHERE 1 <> 1   OR ( tab_memo.memoName LIKE '%GRÖ%' )  OR ( tab_memo.memoNotes LIKE '%GRÖ%' )",
-        "1|Code|3|größe|C++");
-    row(" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_todo.todoID, tab_todo.name as "
-        "todoName, tab_todo.description, tab_todo.dateIn, tab_todo.dateLastMod  FROM tab_category INNER JOIN tab_todo "
-        "ON tab_category.categoryID = tab_todo.categoryID  WHERE 1 <> 1   OR ( tab_todo.name LIKE '%DO 4%' )",
-        "2|ToDo|4|todo 4|Null|Null|Null");
-    row(" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_bookmark.bookmarkID, "
-        "tab_bookmark.name as bookmarkName, tab_bookmark.url FROM tab_category INNER JOIN tab_bookmark ON "
-        "tab_category.categoryID = tab_bookmark.categoryID  WHERE 1 <> 1 ",
-        "");
-    row("SELECT memoName FROM tab_memo WHERE snipVale LIKE '%привет 100[%]' AND memoName NOT LIKE 'f%' ORDER BY "
-        "memoName",
-        "größe;Strings");
-    row("SELECT memoName FROM tab_memo WHERE memoName IN ('FILES', 'nothing') OR memoName IS NULL", "Files");
-    row("SELECT COUNT(name) AS n FROM tab_todo GROUP BY done HAVING COUNT(name) > 2", "3");
-    row("SELECT name & '!' FROM tab_todo WHERE [todoID] = 1;", "todo 1!");
+    for (const Case& row : readable)
+        QTest::newRow(row.sql) << QString::fromUtf8(row.sql) << QString::fromUtf8(row.expected);
 }
 
 void tst_Dialect::reads()
@@ -172,55 +223,12 @@ void tst_Dialect::writes()
     QTEST(filled.rows(query), "expected");
 }
 
-// Each of these ends in a description that holds the given words, and changes nothing.
 void tst_Dialect::refuses_data()
 {
     QTest::addColumn<QString>("sql");
     QTest::addColumn<QString>("words");
-    const auto row = [](const char* sql, const char* words) {
-        QTest::newRow(sql) << QString::fromUtf8(sql) << QString::fromUtf8(words);
-    };
-    row("SELECT * FROM tab_memo WHERE 1 <> 1   OR ( tab_memo.memoName LIKE '%O'Hara%' )", "Syntax error");
-    row("SELECT * FROM tab_memo WHERE memoName LIKE '%it's%'", "Syntax error");
-    row("SELECT * FROM tab_memo WHERE memoName LIKE '%[abc%'", "Invalid pattern");
-    row("UPDATE tab_todo SET dueDate = 'tomorrow'", "date");
-    row("UPDATE tab_todo SET dueDate = '2023-2-29'", "date");
-    row("UPDATE tab_todo SET priority = 'high'", "conversion");
-    row("UPDATE tab_todo SET priority = 40000", "Overflow");
-    row("UPDATE tab_todo SET priority = 1e999", "Overflow");
-    row("UPDATE tab_todo SET priority = 99999999999999999999", "Overflow");
-    row("UPDATE tab_todo SET nosuch = 1", "Unknown field");
-    row("UPDATE tab_todo SET tab_memo.name = 'x'", "tab_memo");
-    row("UPDATE tab_todo SET name = ", "value is missing");
-    row("UPDATE tab_todo SET categoryID = 77", "related record");
-    row("UPDATE tab_todo SET todoID = 5 WHERE todoID < 3", "duplicate");
-    row("SELECT * FROM tab_todo WHERE dueDate = '2024-3-7'", "mismatch");
-    row("SELECT * FROM tab_todo WHERE todoID IN ('1', '2')", "mismatch");
-    row("SELECT * FROM tab_todo WHERE name = 5", "mismatch");
-    row("SELECT nosuch FROM tab_memo", "nosuch");
-    row("SELECT * FROM nosuch", "nosuch");
-    row("INSERT INTO tab_option (code, options) VALUES ('x')", "not the same");
-    row("INSERT INTO tab_option (code) VALUES ('x', 'y')", "not the same");
-    row("INSERT INTO tab_option (code) VALUES ('x'), ('y')", "Syntax error");
-    row("INSERT INTO tab_option (code) SELECT name FROM tab_todo", "VALUES");
-    row("DROP TABLE tab_category", "refers to it");
-    row("", "Invalid SQL");
-    row("SELECT 1; DELETE * FROM tab_todo", "after end");
-    // Other files, settings and code.
-    row("ATTACH DATABASE '/tmp/x' AS x", "Invalid SQL");
-    row("PRAGMA writable_schema = 1", "Invalid SQL");
-    row("VACUUM INTO '/tmp/x'", "Invalid SQL");
-    row("WITH x AS (SELECT 1) SELECT * FROM x", "Invalid SQL");
-    row("SELECT load_extension('/tmp/x') FROM tab_todo", "authorized");
-    row("SELECT writefile('/tmp/x', 'y') FROM tab_todo", "function");
-    row("SELECT fts3_tokenizer('x') FROM tab_todo", "authorized");
-    row("SELECT * FROM pragma_table_list", "authorized");
-    row("SELECT * FROM pragma_journal_mode", "authorized");
-    row("UPDATE sqlite_schema SET sql = ''", "sqlite_");
-    row("UPDATE tab_todo SET name = randomblob(9)", "authorized");
-    row("CREATE TABLE x (y LONG) AS SELECT 1", "Syntax error");
-    row("CREATE VIEW x AS SELECT 1", "TABLE");
-    row("CREATE TRIGGER x AFTER DELETE ON tab_todo BEGIN SELECT 1 END", "TABLE");
+    for (const Case& row : refused)
+        QTest::newRow(row.sql) << QString::fromUtf8(row.sql) << QString::fromUtf8(row.expected);
 }
 
 void tst_Dialect::refuses()

@@ -20,7 +20,7 @@ public:
     using Questions::ask;
     Answer ask(const QString& text, MessageStyle style, const QString& title) override;
     void expect(const QString& text, Answer answer = Answer::Ok); // in order; "" matches any text
-    ~ScriptedQuestions() override;                                // a foreseen question never asked fails too
+    ~ScriptedQuestions() override; // a foreseen question never asked fails too
 
     QList<Asked> asked;
 

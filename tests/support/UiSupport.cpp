@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-template<typename Queue>
+template <typename Queue>
 typename Queue::value_type next(Queue& answers, const QString& title)
 {
     if (answers.empty()) {
