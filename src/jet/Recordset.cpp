@@ -20,6 +20,11 @@ std::string_view asView(const char* text)
     return text ? text : std::string_view();
 }
 
+std::string qualifiedName(const std::string& table, const std::string& name)
+{
+    return table.empty() ? name : table + '.' + name;
+}
+
 } // namespace
 
 struct Recordset::State {
@@ -67,7 +72,7 @@ void Recordset::State::readColumns()
         std::string name(asView(sqlite3_column_name(row, i)));
         if (!origin.empty() && name.starts_with(origin + ":"))
             name = origin; // SQLite numbers equal names inside a nested join: name:1
-        columns.push_back({name, table.empty() ? name : table + "." + name, table});
+        columns.push_back({name, qualifiedName(table, name), table});
     }
     // Two columns of one name are known as table.column.
     std::vector<std::string> keys;

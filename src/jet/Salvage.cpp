@@ -61,29 +61,22 @@ void copyCounters(sqlite3* from, sqlite3* to)
 }
 
 // Elements whose category was lost would be in the file and yet nowhere in the program: they get a category named
-// "Recovered" under their tree's root.
-void adoptOrphans(sqlite3* to)
+// "Recovered" under the root of their tree.
+void adoptOrphans(sqlite3* to, const std::string& table, const std::string& type)
 {
-    struct Tree {
-        const char* table;
-        const char* type;
-    };
-    for (const Tree& tree : {Tree{"tab_memo", "0"}, Tree{"tab_bookmark", "1"}, Tree{"tab_todo", "2"}}) {
-        const std::string type(tree.type);
-        const std::string root =
-            "coalesce((SELECT min(categoryID) FROM tab_category WHERE parentID = 0 AND type = " + type + "), 0)";
-        const std::string lost = " NOT IN (SELECT categoryID FROM tab_category)";
-        try {
-            runSql(to,
-                   "INSERT INTO tab_category (categoryID, parentID, type, name) SELECT DISTINCT categoryID, " + root +
-                       ", " + type + ", 'Recovered ' || categoryID FROM " + tree.table + " WHERE categoryID" + lost);
-            runSql(to,
-                   "UPDATE tab_category SET parentID = " + root + " WHERE type = " + type +
-                       " AND parentID <> 0 AND parentID" + lost);
-        } catch (const Error& error) {
-            if ((error.code() & 0xFF) != SQLITE_ERROR) // an older archive without that table
-                throw;
-        }
+    const std::string root =
+        "coalesce((SELECT min(categoryID) FROM tab_category WHERE parentID = 0 AND type = " + type + "), 0)";
+    const std::string lost = " NOT IN (SELECT categoryID FROM tab_category)";
+    try {
+        runSql(to,
+               "INSERT INTO tab_category (categoryID, parentID, type, name) SELECT DISTINCT categoryID, " + root +
+                   ", " + type + ", 'Recovered ' || categoryID FROM " + table + " WHERE categoryID" + lost);
+        runSql(to,
+               "UPDATE tab_category SET parentID = " + root + " WHERE type = " + type +
+                   " AND parentID <> 0 AND parentID" + lost);
+    } catch (const Error& error) {
+        if ((error.code() & 0xFF) != SQLITE_ERROR) // an older archive without that table
+            throw;
     }
 }
 
@@ -111,7 +104,9 @@ void copyAll(sqlite3* from, sqlite3* to)
         if (definition.type == "table" && definition.isOwn())
             TableSalvage(from, to, definition.name).run();
     copyCounters(from, to);
-    adoptOrphans(to);
+    adoptOrphans(to, "tab_memo", "0");
+    adoptOrphans(to, "tab_bookmark", "1");
+    adoptOrphans(to, "tab_todo", "2");
     runAll([](const Definition& d) { return d.type != "table" && !d.isUniqueIndex(); });
 }
 
