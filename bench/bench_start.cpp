@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// From exec to the first painted frame: the program on archives of growing size beside an empty window that links
-// the same libraries.
+// From exec to the first painted frame: the program on archives of growing size beside an empty window (menus, a tool
+// bar, a tree, an editor, no data) that links the same libraries, and beside a bare one.
 #include "BenchArchive.h"
 
 #include <QFile>
@@ -35,6 +35,13 @@ void emptyWindow(benchmark::State& state)
             state.SkipWithError("did not start");
 }
 
+void bareWindow(benchmark::State& state)
+{
+    for (auto _ : state)
+        if (!startOnce("bare"))
+            state.SkipWithError("did not start");
+}
+
 void program(benchmark::State& state)
 {
     const QString archive = archiveWith(int(state.range(0)));
@@ -51,6 +58,7 @@ void program(benchmark::State& state)
 
 } // namespace
 
+BENCHMARK(bareWindow)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(2);
 BENCHMARK(emptyWindow)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(2);
 BENCHMARK(program)->RangeMultiplier(10)->Range(1000, 100000)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(2);
 BENCHMARK(emptyWindow)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(2);

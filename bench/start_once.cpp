@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One start up to the first painted frame, then the process ends: "start_once empty" shows an empty window,
-// "start_once HOME" the program on that home folder.
+// One start up to the first painted frame, then the process ends. "start_once bare" shows a window with nothing in
+// it, "start_once empty" one with the parts of any such program (menus, a tool bar, a small tree, an editor) and no
+// data, "start_once HOME" the program on that home folder. All three link the same libraries.
 #include "app/Startup.h"
 #include "app/frmMain.h"
 #include "app/modSnipVale.h"
@@ -16,8 +17,16 @@
 
 #include <QApplication>
 #include <QMainWindow>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTextEdit>
 #include <QTimer>
+#include <QToolBar>
+#include <QTreeWidget>
 #include <cstdlib>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -35,6 +44,25 @@ void endAfterFirstPaint(QWidget& window)
     QTimer::singleShot(0, &window, [] { std::_Exit(0); });
 }
 
+void furnish(QMainWindow& window)
+{
+    auto* bar = window.addToolBar(u"Bar"_s);
+    for (int i = 0; i < 10; ++i) {
+        QMenu* menu = window.menuBar()->addMenu(u"&Menu %1"_s.arg(i));
+        for (int item = 0; item < 6; ++item)
+            menu->addAction(u"Item %1"_s.arg(item));
+        bar->addAction(u"Button %1"_s.arg(i));
+    }
+    auto* splitter = new QSplitter(&window);
+    auto* tree = new QTreeWidget(splitter);
+    for (int i = 0; i < 200; ++i)
+        new QTreeWidgetItem(tree, {u"Item %1"_s.arg(i)});
+    new QTextEdit(splitter);
+    new ScintillaView(splitter);
+    window.setCentralWidget(splitter);
+    window.statusBar()->showMessage(u"Ready"_s);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -42,11 +70,12 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     if (argc < 2)
         return 1;
-    if (QByteArrayView(argv[1]) == "empty") {
+    const QByteArrayView what = argv[1];
+    if (what == "bare" || what == "empty") {
         QMainWindow window;
         window.resize(1120, 720);
-        if (argc > 5) // never: the empty window links the same libraries
-            window.setCentralWidget(new ScintillaView);
+        if (what == "empty")
+            furnish(window);
         endAfterFirstPaint(window);
         return QApplication::exec();
     }

@@ -79,5 +79,7 @@ int runProgram(int argc, char** argv)
     modSnipVale program(questions, clock, shell);
     program.AppPath = folders.home;
     const std::unique_ptr<frmMain> frame = Main(program, desktop, previous);
-    return frame ? QApplication::exec() : 1;
+    if (!frame)
+        return previous.isRunning() ? 0 : 1; // leaving the place to the other one is no failure
+    return QApplication::exec();
 }

@@ -8,6 +8,7 @@
 #include "desktop/Shell.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <cerrno>
 
 using namespace Qt::StringLiterals;
@@ -51,7 +52,7 @@ bool modSnipVale::ReadSettings()
                         MessageStyle::Critical);
         return false;
     }
-    if (!QFile::exists(archive.ArchivePath()))
+    if (!QFileInfo(archive.ArchivePath()).isFile())
         m_questions.ask(u"Specified archive file does not exist. Check menu tools->options"_s, MessageStyle::Critical);
     const QString look = readProfile(IniFile, u"preferences"_s, u"xplook"_s, {});
     XPLook = !look.isEmpty() && textToBoolean(look);

@@ -2,29 +2,61 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/QtIcons.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
 #include <QStandardPaths>
+#include <QStyle>
+#include <QStyleOption>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// Looking an icon up costs more than all the rest of a menu; most are never seen. So the theme is asked when a
-// pixmap is wanted, and again after the theme changed.
+bool isDark()
+{
+    const QPalette palette = QGuiApplication::palette();
+    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
+
+constexpr int builtInSizes[] = {16, 22, 32, 44, 48, 64, 96}; // pixels, as tools/makeicons renders them
+
+// The rendered icon of that name at the size or the next larger one; null when it is not in data/icons/icons.txt.
+QPixmap builtIn(const QString& name, const QSize& size)
+{
+    const int wanted = std::min(size.width(), size.height());
+    const int* fitting = std::lower_bound(std::begin(builtInSizes), std::end(builtInSizes) - 1, wanted);
+    const QString file =
+        u":/icons/%1/%2/%3.png"_s.arg(isDark() ? u"breeze-dark"_s : u"breeze"_s).arg(*fitting).arg(name);
+    QPixmap picture(file, "PNG");
+    if (picture.isNull() || *fitting == wanted)
+        return picture;
+    return picture.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+// Looking an icon up costs more than all the rest of a menu; most are never seen. So it is loaded when a pixmap is
+// wanted.
 class LazyIcon final : public QIconEngine {
 public:
     explicit LazyIcon(QString name) : m_name(std::move(name)) { }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
     {
-        return icon().pixmap(size, mode, state);
+        const QPixmap picture = builtIn(m_name, size);
+        if (picture.isNull())
+            return QIcon::fromTheme(m_name).pixmap(size, 1.0, mode, state);
+        if (mode == QIcon::Normal)
+            return picture;
+        QStyleOption option;
+        option.palette = QGuiApplication::palette();
+        return QApplication::style()->generatedIconPixmap(mode, picture, &option);
     }
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
     {
-        icon().paint(painter, rect, Qt::AlignCenter, mode, state);
+        const qreal scale = painter->device()->devicePixelRatioF();
+        painter->drawPixmap(rect, pixmap(rect.size() * scale, mode, state));
     }
     QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override { return size; }
     QString iconName() override { return m_name; }
@@ -32,17 +64,7 @@ public:
     QIconEngine* clone() const override { return new LazyIcon(m_name); }
 
 private:
-    const QIcon& icon()
-    {
-        if (m_theme != QIcon::themeName()) {
-            m_theme = QIcon::themeName();
-            m_icon = QIcon::fromTheme(m_name);
-        }
-        return m_icon;
-    }
     QString m_name;
-    QString m_theme = u"?"_s;
-    QIcon m_icon;
 };
 
 // A vector drawing, so that it is sharp at every scale.
@@ -76,9 +98,7 @@ private:
 
 void setUpIconTheme()
 {
-    const QPalette palette = QGuiApplication::palette();
-    const bool isDark = palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
-    const QString breeze = isDark ? u"breeze-dark"_s : u"breeze"_s;
+    Q_INIT_RESOURCE(icons);
     // A platform without a desktop (the tour's) knows no folder of themes.
     QStringList folders = QIcon::themeSearchPaths();
     for (const QString& folder :
@@ -86,11 +106,7 @@ void setUpIconTheme()
         if (!folders.contains(folder))
             folders.append(folder);
     QIcon::setThemeSearchPaths(folders);
-    const QString current = QIcon::themeName();
-    if (current.isEmpty() || current == "hicolor"_L1 || current.startsWith("breeze"_L1))
-        QIcon::setThemeName(breeze);
-    else
-        QIcon::setFallbackThemeName(breeze);
+    QIcon::setThemeName(isDark() ? u"breeze-dark"_s : u"breeze"_s);
 }
 
 QIcon themedIcon(const QString& name)

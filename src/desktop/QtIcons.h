@@ -5,11 +5,11 @@
 #include <QIcon>
 #include <QString>
 
-// Chooses the icon theme: the desktop's own, else Breeze in the variant that suits the palette. Once, at start
-// and when the palette changes.
+// Chooses the variant of the icons that suits the palette. At start, and when the palette changes.
 void setUpIconTheme();
 
-// The theme's icon of that freedesktop name, looked up when it is first painted.
+// The icon of that freedesktop name, loaded when it is first painted: from those built into the program
+// (data/icons/icons.txt), else from the theme.
 QIcon themedIcon(const QString& name);
 
 // A filled circle with a rim, for what no theme has a name for (levels of urgency).

@@ -140,10 +140,22 @@ private:
             else if (isKeyword(token))
                 copyKeyword(criteria);
             else if (token.kind == Token::Word && m_cursor.peek(1).is("("))
-                put(m_cursor.take().text); // a function
+                copyFunction();
             else
                 copyName(criteria);
         }
+    }
+    void copyFunction()
+    {
+        const bool countsKey = m_tables.size() == 1 && m_cursor.peek().is("COUNT") && isName(m_cursor.peek(2)) &&
+                               m_cursor.peek(3).is(")") &&
+                               isCounterKey(m_database, m_tables.front().table, m_cursor.peek(2).text);
+        put(m_cursor.take().text);
+        if (!countsKey)
+            return;
+        // A key is never Null, so this is the number of rows, which SQLite knows without visiting each.
+        put("( * )");
+        m_cursor.goTo(m_cursor.place() + 3);
     }
     void copyLiteral(const Criteria& criteria)
     {

@@ -20,4 +20,12 @@ std::optional<ColumnType> columnType(sqlite3* database, const std::string& table
     return std::nullopt;
 }
 
+bool isCounterKey(sqlite3* database, const std::string& table, const std::string& column)
+{
+    int isKey = 0, counts = 0;
+    return sqlite3_table_column_metadata(database, nullptr, table.c_str(), column.c_str(), nullptr, nullptr, nullptr,
+                                         &isKey, &counts) == SQLITE_OK &&
+           isKey && counts;
+}
+
 } // namespace jet

@@ -15,4 +15,7 @@ namespace jet {
 // column. Throws Error when the file cannot be read.
 std::optional<ColumnType> columnType(sqlite3* database, const std::string& table, const std::string& column);
 
+// True for the counter key of a table: a column that is never Null. False also when there is no such column.
+bool isCounterKey(sqlite3* database, const std::string& table, const std::string& column);
+
 } // namespace jet

@@ -208,6 +208,12 @@ void ScintillaView::keyPressEvent(QKeyEvent* event)
         event->accept();
         return;
     }
+    // The line feed key of scanners and typing robots; the component knows Return and Enter only.
+    if (event->text() == u"\n"_s) {
+        raw(SCI_NEWLINE);
+        event->accept();
+        return;
+    }
     QsciScintillaBase::keyPressEvent(event);
 }
 
