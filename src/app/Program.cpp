@@ -52,8 +52,10 @@ bool wantsTour(int argc, char** argv)
 
 int runProgram(int argc, char** argv)
 {
-    if (wantsTour(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    if (wantsTour(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        qputenv("QT_LOGGING_RULES", "qt.qpa.*=false"); // what a display could do and this cannot
+    }
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(u"snipvale"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(SNIPVALE_VERSION));

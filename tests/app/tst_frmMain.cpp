@@ -97,6 +97,7 @@ private slots:
     void saveCopy();
     void compact();
     void compactThatFails();
+    void damagedArchiveIsRepaired();
     void farewell();
 };
 
@@ -348,6 +349,37 @@ void tst_frmMain::compactThatFails()
     p.questions.expect(QString());
     p.frame->ActiveBar21_Click(u"miFileCompactDB"_s);
     QVERIFY(p.questions.asked.last().text.startsWith("Error in CompactArchive: "_L1));
+}
+
+void tst_frmMain::damagedArchiveIsRepaired()
+{
+    Program p;
+    p.startFresh();
+    const QString archive = p.scratch.path();
+    const qint64 shipped = QFileInfo(archive).size();
+    {
+        ArchiveUnit unit(p.program->archive);
+        jet::Connection::Transaction transaction(unit.connection());
+        for (int i = 0; i < 300; ++i)
+            unit.Execute(
+                u"INSERT INTO tab_memo (categoryID, memoTypeID, memoName, snipVale) VALUES (1, 3, 'm', '%1')"_s.arg(
+                    QString(3000, u'x')));
+        transaction.commit();
+    }
+    QFile file(archive);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.seek((shipped / 4096 + 100) * 4096)); // three pages among the memos
+    file.write(QByteArray(3 * 4096, 0));
+    file.close();
+    const QByteArray damaged = bytesOf(archive);
+    p.questions.expect(QString(), Answer::Yes);
+    p.questions.expect(QString());
+    p.questions.expect(QString());
+    p.frame->CompactArchive();
+    QVERIFY(p.questions.asked.last().text.startsWith("The archive was damaged."_L1));
+    QCOMPARE(bytesOf(archive + u".damaged"_s), damaged); // kept as it was
+    const QString kept = ArchiveUnit(p.program->archive).Open(u"SELECT COUNT(memoID) AS n FROM tab_memo"_s).text(0);
+    QVERIFY2(kept.toInt() >= 290 && kept.toInt() < 300, qPrintable(kept));
 }
 
 void tst_frmMain::farewell()
