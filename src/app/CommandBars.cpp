@@ -84,9 +84,9 @@ void CommandBars::makeBars()
     }
 }
 
-void CommandBars::handle(const QString& name, Handler handler)
+void CommandBars::handle(const QString& name, const Handler& handler)
 {
-    m_handlers.insert(name, std::move(handler));
+    m_handlers.insert(name, handler);
     enable(name, true);
 }
 

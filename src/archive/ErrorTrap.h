@@ -26,3 +26,18 @@ bool trapErrors(Questions& questions, const QString& routine, Body&& body)
         return false;
     }
 }
+
+// The trap of a routine that stays silent: an exception gives false, and its description is kept in `error`, which is
+// empty otherwise.
+template <typename Body>
+bool keepError(QString& error, Body&& body)
+{
+    error.clear();
+    try {
+        body();
+        return true;
+    } catch (const std::exception& failure) {
+        error = describeError(failure);
+        return false;
+    }
+}

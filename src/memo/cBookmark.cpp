@@ -11,23 +11,9 @@
 
 using namespace Qt::StringLiterals;
 
-// Runs a body whose errors are kept instead of shown.
-template <typename Body>
-bool cBookmark::silently(Body&& body)
-{
-    m_lastError.clear();
-    try {
-        body();
-        return true;
-    } catch (const std::exception& error) {
-        m_lastError = describeError(error);
-        return false;
-    }
-}
-
 bool cBookmark::Load()
 {
-    return silently([&] {
+    return keepError(m_lastError, [&] {
         ArchiveUnit unit(m_archive);
         const jet::Recordset row = unit.Open(u" SELECT * FROM tab_bookmark "_s + u" WHERE bookmarkID = "_s +
                                              QString::number(BookmarkID) + u" "_s);
@@ -65,7 +51,7 @@ bool cBookmark::Save()
 
 bool cBookmark::Update()
 {
-    return silently([&] {
+    return keepError(m_lastError, [&] {
         ArchiveUnit unit(m_archive);
         // The date is written in the one form that the archive's engine reads the same under every locale.
         const int rows =

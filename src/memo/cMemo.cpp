@@ -11,23 +11,9 @@
 
 using namespace Qt::StringLiterals;
 
-// Runs a body whose errors are kept instead of shown.
-template <typename Body>
-bool cMemo::silently(Body&& body)
-{
-    m_lastError.clear();
-    try {
-        body();
-        return true;
-    } catch (const std::exception& error) {
-        m_lastError = describeError(error);
-        return false;
-    }
-}
-
 bool cMemo::Load()
 {
-    return silently([&] {
+    return keepError(m_lastError, [&] {
         ArchiveUnit unit(m_archive);
         const jet::Recordset row =
             unit.Open(u" SELECT * FROM tab_memo WHERE memoID = "_s + QString::number(MemoID) + u" "_s);
@@ -71,7 +57,7 @@ bool cMemo::Save()
 
 bool cMemo::Update()
 {
-    return silently([&] {
+    return keepError(m_lastError, [&] {
         ArchiveUnit unit(m_archive);
         // The date is written in the one form that the archive's engine reads the same under every locale.
         const int rows =
@@ -94,7 +80,7 @@ bool cMemo::Update()
 qint32 cMemo::GetMemoCount()
 {
     qint32 count = 0;
-    silently([&] {
+    keepError(m_lastError, [&] {
         ArchiveUnit unit(m_archive);
         count = qint32(unit.Open(u"SELECT COUNT(memoID) AS MemoCount FROM tab_memo  "_s).integer(u"MemoCount"_s));
     });

@@ -39,8 +39,6 @@ public:
     const QString& lastError() const { return m_lastError; }
 
 private:
-    template <typename Body>
-    bool silently(Body&& body);
     Archive& m_archive;
     QString m_lastError;
 };

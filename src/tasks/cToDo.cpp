@@ -38,23 +38,9 @@ QString numberAssignment(const QString& column, qint32 number)
 
 } // namespace
 
-// Runs a body whose errors are kept instead of shown.
-template <typename Body>
-bool cToDo::silently(Body&& body)
-{
-    m_lastError.clear();
-    try {
-        body();
-        return true;
-    } catch (const std::exception& error) {
-        m_lastError = describeError(error);
-        return false;
-    }
-}
-
 bool cToDo::Load()
 {
-    return silently([&] {
+    return keepError(m_lastError, [&] {
         ArchiveUnit unit(m_archive);
         const jet::Recordset row =
             unit.Open(u" SELECT * FROM tab_todo "_s + u" WHERE todoID = "_s + QString::number(ToDoID) + u" "_s);
@@ -123,7 +109,7 @@ QString cToDo::assignments() const
 
 bool cToDo::Update()
 {
-    return silently([&] {
+    return keepError(m_lastError, [&] {
         ArchiveUnit unit(m_archive);
         updateToDoRow(unit, ToDoID, assignments(), m_archive.clock().now());
     });
@@ -132,7 +118,7 @@ bool cToDo::Update()
 qint32 cToDo::GetToDoCount()
 {
     qint32 count = 0;
-    silently([&] {
+    keepError(m_lastError, [&] {
         ArchiveUnit unit(m_archive);
         count = qint32(unit.Open(u"SELECT COUNT(todoID) AS ToDoCount FROM tab_todo  "_s).integer(u"ToDoCount"_s));
     });

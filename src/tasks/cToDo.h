@@ -47,8 +47,6 @@ public:
     const QString& lastError() const { return m_lastError; }
 
 private:
-    template <typename Body>
-    bool silently(Body&& body);
     QString assignments() const;
 
     Archive& m_archive;

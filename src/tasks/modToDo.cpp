@@ -28,18 +28,6 @@ QString imageOf(const QString& text)
     return text.toLower().remove(u' ');
 }
 
-template <typename Body>
-bool silently(QString& error, Body&& body)
-{
-    try {
-        body();
-        return true;
-    } catch (const std::exception& failure) {
-        error = describeError(failure);
-        return false;
-    }
-}
-
 // The other form in which a moment stands in a statement: fixed width, read as the same moment whatever order of day
 // and month the user's region has.
 QString changeMoment(const QDateTime& now)
@@ -100,7 +88,7 @@ void updateToDoRow(ArchiveUnit& unit, qint32 todoID, const QString& assignments,
 
 bool markToDoDone(Archive& archive, qint32 todoID, bool done, QString& error)
 {
-    return silently(error, [&] {
+    return keepError(error, [&] {
         ArchiveUnit unit(archive);
         updateToDoRow(unit, todoID, flagAssignment(u"done"_s, done), archive.clock().now());
     });
@@ -108,7 +96,7 @@ bool markToDoDone(Archive& archive, qint32 todoID, bool done, QString& error)
 
 bool changeToDoPriority(Archive& archive, qint32 todoID, bool raise, QString& error)
 {
-    return silently(error, [&] {
+    return keepError(error, [&] {
         ArchiveUnit unit(archive);
         qint64 priority = 0;
         {
