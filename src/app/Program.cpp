@@ -42,6 +42,15 @@ Options readOptions(const QCoreApplication& application)
     return {parser.value(home), parser.value(tour)};
 }
 
+QtMessageHandler previousHandler = nullptr;
+
+// An offscreen platform complains of each thing that a display could do and it cannot.
+void withoutPlatformNoise(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    if (!text.startsWith("This plugin does not support"_L1))
+        previousHandler(type, context, text);
+}
+
 bool wantsTour(int argc, char** argv)
 {
     return std::any_of(argv + 1, argv + argc,
@@ -54,7 +63,7 @@ int runProgram(int argc, char** argv)
 {
     if (wantsTour(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
-        qputenv("QT_LOGGING_RULES", "qt.qpa.*=false"); // what a display could do and this cannot
+        previousHandler = qInstallMessageHandler(withoutPlatformNoise);
     }
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(u"snipvale"_s);

@@ -8,12 +8,14 @@
 #include "app/modHome.h"
 #include "app/modSnipVale.h"
 #include "desktop/Clock.h"
+#include "explorer/DragDrop.h"
 
 #include <QAction>
 #include <QComboBox>
 #include <QDialog>
 #include <QDir>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTextEdit>
@@ -26,10 +28,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-template <typename Widget>
-Widget& find(QWidget& window, const char* name)
+template <typename Object>
+Object& find(QWidget& window, const char* name) // "" for any name
 {
-    auto* widget = window.findChild<Widget*>(QString::fromLatin1(name));
+    auto* widget = window.findChild<Object*>(QString::fromLatin1(name));
     if (!widget)
         throw std::runtime_error(std::string("there is no ") + name);
     return *widget;
@@ -55,7 +57,11 @@ private:
     void newMemo();
     void reopenAndEdit(QWidget& window);
     void findInCode(QWidget& window);
+    void newBookmark();
+    void search();
+    void dragMemo();
     void restart();
+    QModelIndex category(const QString& name);
 
     QDir m_folder;
     QString m_shipped;
@@ -112,13 +118,18 @@ void Tour::step(const char* command, std::function<void(QWidget& window)> inWind
         throw std::runtime_error(m_failure);
 }
 
+QModelIndex Tour::category(const QString& name)
+{
+    const QAbstractItemModel& model = *find<QTreeView>(*m_frame, "tvTreeView").model();
+    const QModelIndexList found =
+        model.match(model.index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchExactly | Qt::MatchRecursive);
+    require(!found.isEmpty(), "a category is missing in the tree");
+    return found.first();
+}
+
 void Tour::selectCategory(const QString& name)
 {
-    auto& tree = find<QTreeView>(*m_frame, "tvTreeView");
-    const QModelIndexList found =
-        tree.model()->match(tree.model()->index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchExactly | Qt::MatchRecursive);
-    require(!found.isEmpty(), "a category is missing in the tree");
-    tree.setCurrentIndex(found.first());
+    find<QTreeView>(*m_frame, "tvTreeView").setCurrentIndex(category(name));
     settle();
 }
 
@@ -203,6 +214,47 @@ void Tour::restart()
     });
 }
 
+void Tour::newBookmark()
+{
+    selectCategory(u"Bookmarks"_s);
+    step("miBookmarkNew", [this](QWidget& window) {
+        find<QLineEdit>(window, "txtName").setText(u"SQL as SQLite understands it"_s);
+        find<QLineEdit>(window, "txtKeywords").setText(u"sql statement"_s);
+        find<QLineEdit>(window, "txtLink").setText(u"https://www.sqlite.org/lang.html"_s);
+        find<QPlainTextEdit>(window, "txtDescription").setPlainText(u"What a statement may hold"_s);
+        picture(window, u"new-bookmark"_s);
+        find<QPushButton>(window, "cmdOK").click();
+    });
+    require(find<QTreeView>(*m_frame, "lvwBookmark").model()->rowCount() == 1, "the bookmark is not in the list");
+    picture(*m_frame, u"bookmark-in-list"_s);
+}
+
+void Tour::search()
+{
+    m_frame->runCommand(u"Search"_s);
+    find<QLineEdit>(*m_frame, "txtSearchText").setText(u"statement"_s);
+    find<QPushButton>(*m_frame, "cmdSearch").click();
+    settle();
+    require(find<QTreeView>(*m_frame, "lvwSearch").model()->rowCount() == 2, "memo and bookmark were not found");
+    picture(*m_frame, u"search"_s);
+    find<QPushButton>(*m_frame, "cmdCloseSearch").click();
+}
+
+void Tour::dragMemo()
+{
+    selectCategory(u"Text and SQL"_s);
+    auto& list = find<QTreeView>(*m_frame, "lvwMemo");
+    auto& tree = find<QTreeView>(*m_frame, "tvTreeView");
+    list.setCurrentIndex(list.model()->index(0, 0));
+    dragItem(find<DragDrop>(*m_frame, ""), list, list.model()->index(0, 0), tree,
+             tree.visualRect(category(u"Code"_s)).center(), [this] { picture(*m_frame, u"dragging"_s); });
+    settle();
+    require(list.model()->rowCount() == 0, "the memo was not moved");
+    selectCategory(u"Code"_s);
+    require(list.model()->rowCount() == 1, "the memo did not arrive");
+    picture(*m_frame, u"dragged"_s);
+}
+
 void Tour::run()
 {
     start();
@@ -211,6 +263,9 @@ void Tour::run()
     newMemo();
     step("miMemoModify", [this](QWidget& window) { reopenAndEdit(window); });
     restart();
+    newBookmark();
+    search();
+    dragMemo();
     m_frame->CompactArchive();
     m_frame.reset();
 }

@@ -2,8 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/TourDesktop.h"
 
+#include "explorer/DragDrop.h"
+
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QDrag>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTimer>
 
@@ -44,4 +49,28 @@ void settle()
 {
     for (int i = 0; i < 5; ++i)
         QApplication::processEvents(QEventLoop::AllEvents, 20);
+}
+
+void dragItem(DragDrop& drag, QAbstractItemView& list, const QModelIndex& from, QAbstractItemView& tree,
+              const QPoint& to, const std::function<void()>& over)
+{
+    drag.runDrag = [&](QDrag& moving) {
+        const auto buttons = Qt::MouseButtons(Qt::LeftButton);
+        QDragEnterEvent enter(to, Qt::MoveAction, moving.mimeData(), buttons, Qt::NoModifier);
+        QApplication::sendEvent(tree.viewport(), &enter);
+        QDragMoveEvent move(to, Qt::MoveAction, moving.mimeData(), buttons, Qt::NoModifier);
+        QApplication::sendEvent(tree.viewport(), &move);
+        over();
+        QDropEvent drop(to, Qt::MoveAction, moving.mimeData(), buttons, Qt::NoModifier);
+        QApplication::sendEvent(tree.viewport(), &drop);
+    };
+    const QPointF start = list.visualRect(from).center();
+    const auto send = [&](QEvent::Type type, const QPointF& at, Qt::MouseButton button, Qt::MouseButtons held) {
+        QMouseEvent event(type, at, list.viewport()->mapToGlobal(at), button, held, Qt::NoModifier);
+        QApplication::sendEvent(list.viewport(), &event);
+    };
+    send(QEvent::MouseButtonPress, start, Qt::LeftButton, Qt::LeftButton);
+    for (const int step : {QApplication::startDragDistance(), QApplication::startDragDistance() + 10})
+        send(QEvent::MouseMove, start + QPointF(step, 0), Qt::NoButton, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, start, Qt::LeftButton, Qt::NoButton);
 }

@@ -12,6 +12,11 @@
 #include <deque>
 #include <functional>
 
+class DragDrop;
+class QAbstractItemView;
+class QModelIndex;
+class QPoint;
+
 // The outside world of a tour: message boxes are shown, pictured and answered with their default button, file
 // dialogs answer by script, nothing is opened.
 class TourQuestions final : public Questions {
@@ -51,3 +56,8 @@ void whenModalShows(std::function<void(QWidget& window)> step);
 
 // Lets everything be laid out and painted.
 void settle();
+
+// Drags the item at `from` of one list onto the point `to` of a tree by the events that a desktop sends, because an
+// offscreen one has no pointer. `over` is called while the item hangs over its target.
+void dragItem(DragDrop& drag, QAbstractItemView& list, const QModelIndex& from, QAbstractItemView& tree,
+              const QPoint& to, const std::function<void()>& over);

@@ -8,7 +8,10 @@
 #include "desktop/Desktop.h"
 #include "desktop/QtIcons.h"
 #include "desktop/Questions.h"
+#include "explorer/BookmarkPane.h"
 #include "explorer/MemoPane.h"
+#include "explorer/SearchPane.h"
+#include "explorer/ToDoPane.h"
 #include "explorer/frmSnipValeS.h"
 
 #include <QCloseEvent>
@@ -36,7 +39,7 @@ constexpr ViewBar viewBars[] = {{u"Memo", u"barMemo"}, {u"Password", u"barPasswo
 
 frmMain::frmMain(modSnipVale& program, const Desktop& desktop)
     : m_program(program), m_desktop(desktop), m_bars(new CommandBars(*this)), m_views(new QStackedWidget(this)),
-      m_memo(program.archive), m_category(program.archive)
+      m_memo(program.archive), m_bookmark(program.archive), m_category(program.archive)
 {
     setObjectName(u"frmMain"_s);
     setCentralWidget(m_views);
@@ -107,29 +110,35 @@ void frmMain::makeViewCommands()
 
 void frmMain::makeExplorerCommands()
 {
-    const auto command = [this](const char* tool, const char* routine, void (frmSnipValeS::*action)()) {
-        handle(QString::fromLatin1(tool), QString::fromLatin1(routine), [this, action] {
+    const auto command = [this](const char* tool, const char* routine, std::function<void(frmSnipValeS&)> action) {
+        handle(QString::fromLatin1(tool), QString::fromLatin1(routine), [this, action = std::move(action)] {
             loadExplorer();
-            (m_explorer->*action)();
+            action(*m_explorer);
         });
     };
-    command("miCategoryNew", "NewCategory", &frmSnipValeS::NewCategory);
-    command("miCategoryModify", "ModifyCategory", &frmSnipValeS::ModifyCategory);
-    command("miCategoryDelete", "DeleteCategory", &frmSnipValeS::DeleteCategory);
-    const auto memo = [this](const char* tool, const char* routine, void (MemoPane::*action)()) {
-        handle(QString::fromLatin1(tool), QString::fromLatin1(routine), [this, action] {
-            loadExplorer();
-            (m_explorer->memos().*action)();
-        });
-    };
-    memo("miMemoNew", "NewMemo", &MemoPane::NewMemo);
-    memo("miMemoModify", "ModifyMemo", &MemoPane::ModifyMemo);
-    memo("miMemoDelete", "DeleteMemo", &MemoPane::DeleteMemo);
-    for (const bool expand : {true, false})
-        handle(expand ? u"miCategoryExpandAll"_s : u"miCategoryCollapseAll"_s, u"CategoryExpandAll"_s, [this, expand] {
-            loadExplorer();
-            m_explorer->CategoryExpandAll(expand);
-        });
+    using E = frmSnipValeS;
+    command("miCategoryNew", "NewCategory", &E::NewCategory);
+    command("miCategoryModify", "ModifyCategory", &E::ModifyCategory);
+    command("miCategoryDelete", "DeleteCategory", &E::DeleteCategory);
+    command("miCategoryExpandAll", "CategoryExpandAll", [](E& e) { e.CategoryExpandAll(true); });
+    command("miCategoryCollapseAll", "CategoryExpandAll", [](E& e) { e.CategoryExpandAll(false); });
+    command("miMemoNew", "NewMemo", [](E& e) { e.memos().NewMemo(); });
+    command("miMemoModify", "ModifyMemo", [](E& e) { e.memos().ModifyMemo(); });
+    command("miMemoDelete", "DeleteMemo", [](E& e) { e.memos().DeleteMemo(); });
+    command("miBookmarkNew", "NewBookmark", [](E& e) { e.bookmarks().NewBookmark(); });
+    command("miBookmarkModify", "ModifyBookmark", [](E& e) { e.bookmarks().ModifyBookmark(); });
+    command("miBookmarkVisit", "VisitBookmark", [](E& e) { e.bookmarks().VisitBookmark(); });
+    command("miBookmarkDelete", "DeleteBookmark", [](E& e) { e.bookmarks().DeleteBookmark(); });
+    command("miToDoDelete", "DeleteToDo", [](E& e) { e.toDos().DeleteToDo(); });
+    command("miToDoIncreasePriority", "ToDoIncreasePriority", [](E& e) { e.toDos().ToDoIncreasePriority(); });
+    command("miToDoDecreasePriority", "ToDoDecreasePriority", [](E& e) { e.toDos().ToDoDecreasePriority(); });
+    command("miSearchOpenElement", "OpenSearchElement", &E::OpenSearchElement);
+    command("miSearchDeleteMemo", "DeleteSearchMemo", [](E& e) { e.search().DeleteSearchMemo(); });
+    command("miSearchSelectElementInTreeView", "SelectElementInTreeView", &E::SelectElementInTreeView);
+    handle(u"Search"_s, u"Search"_s, [this] {
+        showView(u"Memo"_s);
+        m_explorer->search().show();
+    });
 }
 
 void frmMain::ActiveBar21_Click(const QString& tool)
@@ -141,7 +150,8 @@ void frmMain::loadExplorer()
 {
     if (m_explorer)
         return;
-    m_explorer = new frmSnipValeS({m_program.archive, m_desktop, *this, m_viewFilter, m_memo, m_category}, m_views);
+    m_explorer =
+        new frmSnipValeS({m_program.archive, m_desktop, *this, m_viewFilter, m_memo, m_bookmark, m_category}, m_views);
     m_views->addWidget(m_explorer);
 }
 

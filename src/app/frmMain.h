@@ -5,6 +5,7 @@
 #include "archive/cCategory.h"
 #include "archive/cViewFilter.h"
 #include "desktop/FrameServices.h"
+#include "memo/cBookmark.h"
 #include "memo/cMemo.h"
 
 #include <QMainWindow>
@@ -19,7 +20,7 @@ struct Desktop;
 
 // The program's one frame window: menus, bars, status bar, the task timer and the views. Everything that can be
 // commanded arrives at ActiveBar21_Click by its name.
-class frmMain : public QMainWindow, public FrameServices {
+class frmMain final : public QMainWindow, public FrameServices {
     Q_OBJECT
 public:
     frmMain(modSnipVale& program, const Desktop& desktop); // both outlive the frame
@@ -65,6 +66,7 @@ private:
     // The program-wide instances, made in this order.
     cViewFilter m_viewFilter;
     cMemo m_memo;
+    cBookmark m_bookmark;
     cCategory m_category;
 
     frmSnipValeS* m_explorer = nullptr; // null while it is not loaded

@@ -15,21 +15,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool isDark()
+bool isDark(QPalette::ColorRole paper = QPalette::Window, QPalette::ColorRole ink = QPalette::WindowText)
 {
     const QPalette palette = QGuiApplication::palette();
-    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+    return palette.color(paper).lightness() < palette.color(ink).lightness();
 }
 
 constexpr int builtInSizes[] = {16, 22, 32, 44, 48, 64, 96}; // pixels, as tools/makeicons renders them
 
 // The rendered icon of that name at the size or the next larger one; null when it is not in data/icons/icons.txt.
-QPixmap builtIn(const QString& name, const QSize& size)
+QPixmap builtIn(const QString& name, const QSize& size, bool onDark)
 {
     const int wanted = std::min(size.width(), size.height());
     const int* fitting = std::lower_bound(std::begin(builtInSizes), std::end(builtInSizes) - 1, wanted);
-    const QString file =
-        u":/icons/%1/%2/%3.png"_s.arg(isDark() ? u"breeze-dark"_s : u"breeze"_s).arg(*fitting).arg(name);
+    const QString file = u":/icons/%1/%2/%3.png"_s.arg(onDark ? u"breeze-dark"_s : u"breeze"_s).arg(*fitting).arg(name);
     QPixmap picture(file, "PNG");
     if (picture.isNull() || *fitting == wanted)
         return picture;
@@ -44,10 +43,12 @@ public:
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
     {
-        const QPixmap picture = builtIn(m_name, size);
+        const bool isSelected = mode == QIcon::Selected;
+        const QPixmap picture =
+            builtIn(m_name, size, isSelected ? isDark(QPalette::Highlight, QPalette::HighlightedText) : isDark());
         if (picture.isNull())
             return QIcon::fromTheme(m_name).pixmap(size, 1.0, mode, state);
-        if (mode == QIcon::Normal)
+        if (mode == QIcon::Normal || isSelected) // as clear on the highlight as the text beside it
             return picture;
         QStyleOption option;
         option.palette = QGuiApplication::palette();

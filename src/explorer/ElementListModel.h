@@ -17,6 +17,7 @@ public:
 
     int rowOf(const QString& key) const; // -1 when there is no such item
     QString keyOf(int row) const;
+    virtual int nameColumn() const { return 0; } // what typing in the list looks through
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -31,8 +32,8 @@ protected:
     virtual qint32 elementId(int element) const = 0;
     virtual QString cellText(int element, int column) const = 0;
     virtual QVariant cellIcon(int element, int column) const = 0;
-    virtual QString keySuffix() const = 0; // " M_ID"
-    virtual QString tag() const = 0;
+    virtual QString keySuffix(int element) const = 0; // " M_ID"
+    virtual QString tag(int element) const = 0;
 
     // Calls `change`, which replaces all elements, inside a reset of the model.
     template <typename Change>

@@ -3,11 +3,52 @@
 #include "explorer/ElementListView.h"
 
 #include "explorer/ElementListModel.h"
+#include "explorer/PictureDelegate.h"
 
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QSet>
 #include <algorithm>
+#include <utility>
+
+namespace {
+
+// A cell is one short line, however long the text is: laying out a megabyte of text takes seconds. Rows are equally
+// high, and names begin at one place, whether or not there is a picture.
+class CellDelegate final : public PictureDelegate {
+public:
+    explicit CellDelegate(ElementListView* view) : PictureDelegate(view), m_view(*view) { }
+    QString displayText(const QVariant& value, const QLocale&) const override
+    {
+        QString text = value.toString().left(1000);
+        for (QChar& c : text)
+            if (c < QChar(32) || c == QChar::LineSeparator || c == QChar::ParagraphSeparator)
+                c = u' ';
+        return text;
+    }
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        const QSize size = PictureDelegate::sizeHint(option, index);
+        return {size.width(), std::max(size.height(), option.decorationSize.height() + 2)};
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        const QSize picture = option->decorationSize;
+        PictureDelegate::initStyleOption(option, index);
+        if (index.column() != m_view.list()->nameColumn() || option->features & QStyleOptionViewItem::HasDecoration)
+            return;
+        option->features |= QStyleOptionViewItem::HasDecoration;
+        option->decorationSize = picture;
+    }
+
+private:
+    const ElementListView& m_view;
+};
+
+} // namespace
 
 ElementListView::ElementListView(QWidget* parent) : QTreeView(parent)
 {
@@ -19,6 +60,8 @@ ElementListView::ElementListView(QWidget* parent) : QTreeView(parent)
     setEditTriggers(NoEditTriggers);
     setAlternatingRowColors(true);
     setContextMenuPolicy(Qt::DefaultContextMenu);
+    setItemDelegate(new CellDelegate(this));
+    setIconSize(QSize(16, 16));
     header()->setSectionsClickable(true);
     header()->setStretchLastSection(true);
     connect(header(), &QHeaderView::sectionClicked, this, &ElementListView::sortBy);
@@ -58,11 +101,29 @@ QStringList ElementListView::selectedKeys() const
 void ElementListView::selectKey(const QString& key)
 {
     selectionModel()->clear();
-    const QModelIndex index = model()->index(list()->rowOf(key), 0);
+    const QModelIndex index = model()->index(list()->rowOf(key), list()->nameColumn());
     if (!index.isValid())
         return;
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     scrollTo(index);
+}
+
+void ElementListView::selectKeys(const QStringList& keys, const QString& current)
+{
+    const QSet<QString> wanted(keys.begin(), keys.end());
+    QItemSelection selection; // of runs, not of single rows: there may be 100,000
+    int first = -1;
+    for (int row = 0, rows = wanted.isEmpty() ? 0 : model()->rowCount(); row <= rows; ++row) {
+        const bool isWanted = row < rows && wanted.contains(list()->keyOf(row));
+        if (isWanted && first < 0)
+            first = row;
+        if (!isWanted && first >= 0)
+            selection.select(model()->index(std::exchange(first, -1), 0), model()->index(row - 1, 0));
+    }
+    const QModelIndex focus = model()->index(list()->rowOf(current), list()->nameColumn());
+    if (focus.isValid())
+        selectionModel()->setCurrentIndex(focus, QItemSelectionModel::NoUpdate);
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 bool ElementListView::isItemAt(const QPoint& viewportPosition) const
@@ -81,9 +142,29 @@ void ElementListView::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Delete:
         emit deleteRequested();
         break;
+    case Qt::Key_Space:
+        if (!toggleCheckBox())
+            QTreeView::keyPressEvent(event);
+        break;
     default:
         QTreeView::keyPressEvent(event);
     }
+}
+
+bool ElementListView::toggleCheckBox()
+{
+    const QModelIndex box = currentIndex().siblingAtColumn(0);
+    if (!box.isValid() || !(box.flags() & Qt::ItemIsUserCheckable))
+        return false;
+    const bool isChecked = box.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    return model()->setData(box, isChecked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+}
+
+void ElementListView::keyboardSearch(const QString& search)
+{
+    const int row = std::max(currentIndex().row(), 0);
+    selectionModel()->setCurrentIndex(model()->index(row, list()->nameColumn()), QItemSelectionModel::NoUpdate);
+    QTreeView::keyboardSearch(search);
 }
 
 void ElementListView::mouseDoubleClickEvent(QMouseEvent* event)
@@ -91,7 +172,10 @@ void ElementListView::mouseDoubleClickEvent(QMouseEvent* event)
     QTreeView::mouseDoubleClickEvent(event);
     if (event->button() != Qt::LeftButton)
         return;
-    if (isItemAt(event->position().toPoint()))
+    const QModelIndex item = indexAt(event->position().toPoint());
+    if (item.isValid() && (item.flags() & Qt::ItemIsUserCheckable))
+        return; // two clicks at a check box
+    if (item.isValid())
         emit openRequested();
     else
         emit newRequested();

@@ -22,7 +22,11 @@ public:
 
     QStringList selectedKeys() const; // in list order
     void selectKey(const QString& key); // it alone, and makes it visible; an unknown key selects nothing
+    // All known ones of them; `current` gets the focus. Nothing is scrolled.
+    void selectKeys(const QStringList& keys, const QString& current);
     bool isItemAt(const QPoint& viewportPosition) const;
+
+    void keyboardSearch(const QString& search) override; // types ahead in the names, whatever column has the focus
 
 signals:
     void openRequested(); // the current item: double click, Enter or F2
@@ -40,5 +44,6 @@ protected:
 
 private:
     void sortBy(int column);
+    bool toggleCheckBox();
     SortDirection* m_direction = nullptr;
 };

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/ExplorerTreeView.h"
 
+#include "explorer/PictureDelegate.h"
+
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -10,6 +12,7 @@
 ExplorerTreeView::ExplorerTreeView(QWidget* parent) : QTreeView(parent)
 {
     setHeaderHidden(true);
+    setItemDelegate(new PictureDelegate(this));
     setEditTriggers(NoEditTriggers);
     setExpandsOnDoubleClick(true);
     setUniformRowHeights(true);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/MemoListModel.h"
 
-#include "desktop/QtIcons.h"
+#include "explorer/ReportIcons.h"
 
 using namespace Qt::StringLiterals;
 
@@ -23,16 +23,15 @@ QString MemoListModel::cellText(int element, int column) const
 
 QVariant MemoListModel::cellIcon(int, int column) const
 {
-    static const QIcon memo = themedIcon(u"text-plain"_s);
-    return column == 0 ? QVariant(memo) : QVariant();
+    return column == 0 ? QVariant(reportIcon(u"memo"_s)) : QVariant();
 }
 
-QString MemoListModel::keySuffix() const
+QString MemoListModel::keySuffix(int) const
 {
     return u" M_ID"_s;
 }
 
-QString MemoListModel::tag() const
+QString MemoListModel::tag(int) const
 {
     return u"Memo"_s;
 }

@@ -18,8 +18,8 @@ protected:
     qint32 elementId(int element) const override { return m_rows[size_t(element)].id; }
     QString cellText(int element, int column) const override;
     QVariant cellIcon(int element, int column) const override;
-    QString keySuffix() const override;
-    QString tag() const override;
+    QString keySuffix(int) const override;
+    QString tag(int) const override;
 
 private:
     std::vector<MemoRow> m_rows;

@@ -2,35 +2,33 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "explorer/frmSnipValeS.h"
-
-#include <QObject>
+#include "explorer/ElementPane.h"
 
 class MemoListModel;
 
-// The memo list of the explorer: what fills it and what its commands do. Errors are shown here; the list keeps
-// what it had then.
-class MemoPane : public QObject {
+// The memo list of the explorer.
+class MemoPane final : public ElementPane {
     Q_OBJECT
 public:
     MemoPane(ElementListView& view, const ExplorerContext& context, ElementListener& listener, SortDirection& sort,
              QObject* parent);
 
-    void MakeLvwMemoColumns();
-    void MakeLvwMemoContents(); // of the current category
-    void NewMemo();
-    void ModifyMemo(); // the selected one
-    void DeleteMemo(); // all selected ones, after a question
+    void MakeLvwMemoColumns() { makeColumns(); }
+    void MakeLvwMemoContents() { makeContents(); } // of the current category
+    void NewMemo() { newElement(); }
+    void ModifyMemo() { modifyElement(); } // the selected one
+    void DeleteMemo() { deleteElements(); } // all selected ones, after a question
     void MemoDelete(const QString& ids); // throws jet::Error
-    void UpdateStatusBar();
-    void clear();
+    void clear() override;
+
+protected:
+    void readRows() override;
+    void deleteRows(const QString& ids) override { MemoDelete(ids); }
+    qint32& idToEdit() override;
+    void showEditor(QWidget& window) override;
 
 private:
-    void wire();
-    void openEditor();
-
-    ElementListView& m_view;
-    ExplorerContext m_context;
-    ElementListener& m_listener;
+    MemoPane(MemoListModel* model, ElementListView& view, const ExplorerContext& context, ElementListener& listener,
+             SortDirection& sort, QObject* parent);
     MemoListModel* m_model;
 };

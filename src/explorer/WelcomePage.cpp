@@ -5,7 +5,7 @@
 #include "archive/Archive.h"
 #include "archive/ErrorTrap.h"
 #include "archive/SqlText.h"
-#include "desktop/QtIcons.h"
+#include "explorer/ReportIcons.h"
 #include "explorer/modDueDates.h"
 #include "explorer/modSummary.h"
 #include "ui_frmSnipValeS.h"
@@ -17,15 +17,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 enum Role { KeyRole = Qt::UserRole, TagRole };
-
-QIcon urgencyIcon(const QString& image)
-{
-    static const QHash<QString, QIcon> icons = {{u"urgent"_s, dotIcon(QColor(0xDA, 0x44, 0x53))},
-                                                {u"high"_s, dotIcon(QColor(0xF6, 0x74, 0x00))},
-                                                {u"normal"_s, dotIcon(QColor(0x27, 0xAE, 0x60))},
-                                                {u"low"_s, dotIcon(QColor(0x3D, 0xAE, 0xE9))}};
-    return icons.value(image);
-}
 
 QString inCategories(const QString& what, qint64 count, qint64 categories)
 {
@@ -76,7 +67,7 @@ void WelcomePage::addGroup(QStandardItem& root, int group)
 {
     const DueGroup due = readDueGroup(m_archive, group);
     auto* node =
-        new QStandardItem(urgencyIcon(due.image), due.title + u" ("_s + QString::number(due.toDos.size()) + u')');
+        new QStandardItem(reportIcon(due.image), due.title + u" ("_s + QString::number(due.toDos.size()) + u')');
     QList<QStandardItem*> children;
     for (const DueToDo& toDo : due.toDos) {
         auto* child = new QStandardItem(toDo.name + u" ("_s +

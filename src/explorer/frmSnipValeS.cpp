@@ -11,12 +11,17 @@
 #include "desktop/FrameServices.h"
 #include "desktop/QtIcons.h"
 #include "desktop/Questions.h"
+#include "explorer/BookmarkPane.h"
 #include "explorer/CategoryTreeModel.h"
+#include "explorer/DragDrop.h"
 #include "explorer/MemoPane.h"
+#include "explorer/SearchPane.h"
+#include "explorer/ToDoPane.h"
 #include "explorer/WelcomePage.h"
 #include "ui_frmSnipValeS.h"
 
 #include <QAction>
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -28,15 +33,31 @@ frmSnipValeS::frmSnipValeS(const ExplorerContext& context, QWidget* parent)
     m_ui->vSplitter->setStretchFactor(0, 0);
     m_ui->vSplitter->setStretchFactor(1, 1);
     m_ui->vSplitter->setSizes({fontMetrics().averageCharWidth() * 38, fontMetrics().averageCharWidth() * 120});
-    m_welcome = new WelcomePage(*m_ui, m_context.archive, this);
-    m_memos = new MemoPane(*m_ui->lvwMemo, m_context, *this, m_sort, this);
-    connect(m_welcome, &WelcomePage::toDoChosen, this, &frmSnipValeS::showToDo);
+    makePanes();
     makeTreeToolBar();
     wireTree();
+    const DragViews views{*m_tree, *m_ui->tvTreeView, *m_ui->lvwMemo, *m_ui->lvwBookmark, *m_ui->lvwToDo};
+    m_drag.reset(new DragDrop(*this, m_context, views));
     LoadTreeView();
 }
 
 frmSnipValeS::~frmSnipValeS() = default;
+
+void frmSnipValeS::makePanes()
+{
+    m_welcome = new WelcomePage(*m_ui, m_context.archive, this);
+    m_memos = new MemoPane(*m_ui->lvwMemo, m_context, *this, m_sort, this);
+    m_bookmarks = new BookmarkPane(*m_ui->lvwBookmark, m_context, *this, m_sort, this);
+    m_toDos = new ToDoPane(*m_ui->lvwToDo, m_context, *this, m_sort, this);
+    const auto pathOf = [this](qint32 categoryID) {
+        const QModelIndex node = m_tree->indexOf(QString::number(categoryID) + u" ID"_s);
+        return m_tree->fullPath(node).mid(m_tree->fullPath(m_tree->rootIndex()).size() + 1);
+    };
+    m_search = new SearchPane(*m_ui, m_context, m_sort, pathOf, this);
+    connect(m_welcome, &WelcomePage::toDoChosen, this, &frmSnipValeS::showToDo);
+    connect(m_search, &SearchPane::openRequested, this, &frmSnipValeS::OpenSearchElement);
+    connect(m_search, &SearchPane::elementsDeleted, this, &frmSnipValeS::clickSelectedNode);
+}
 
 void frmSnipValeS::wireTree()
 {
@@ -75,7 +96,9 @@ void frmSnipValeS::makeTreeToolBar()
 void frmSnipValeS::LoadTreeView()
 {
     std::vector<CategoryRow> rows;
-    m_memos->clear();
+    for (ElementPane* pane : {static_cast<ElementPane*>(m_memos), static_cast<ElementPane*>(m_bookmarks),
+                              static_cast<ElementPane*>(m_toDos)})
+        pane->clear();
     const bool read =
         trapErrors(m_context.archive.questions(), u"LoadTreeView"_s, [&] { readCategories(m_context.archive, rows); });
     m_tree->setRows(rows);
@@ -98,9 +121,13 @@ void frmSnipValeS::tvTreeView_NodeClick(const QModelIndex& node)
         m_ui->lblFolderName->setText(u" Memo"_s);
     } else if (tag == "bookmark"_L1) {
         ShowSection(u"Bookmark"_s);
+        m_bookmarks->MakeLvwBookmarkColumns();
+        m_bookmarks->MakeLvwBookmarkContents();
         m_ui->lblFolderName->setText(u" Bookmark - "_s + path);
     } else if (tag == "todo"_L1) {
         ShowSection(u"ToDo"_s);
+        m_toDos->MakeLvwToDoColumns();
+        m_toDos->MakeLvwToDoContents();
         m_ui->lblFolderName->setText(u" ToDo - "_s + path + u' ');
     } else {
         ShowSection(u"Memo"_s);
@@ -137,20 +164,21 @@ void frmSnipValeS::ShowSection(const QString& section)
     struct Section {
         const char16_t* name;
         QWidget* page;
-        const char16_t* element; // of the tool bar's commands
+        ElementPane* pane;
     };
-    const Section sections[] = {{u"Memo", m_ui->lvwMemo, u"Memo"},
-                                {u"Bookmark", m_ui->picBookmark, u"Bookmark"},
-                                {u"ToDo", m_ui->picToDo, u"ToDo"},
+    const Section sections[] = {{u"Memo", m_ui->lvwMemo, m_memos},
+                                {u"Bookmark", m_ui->picBookmark, m_bookmarks},
+                                {u"ToDo", m_ui->picToDo, m_toDos},
                                 {u"Welcome", m_ui->picWelcome, nullptr}};
     for (const Section& s : sections) {
         const bool isShown = section == QStringView(s.name);
         if (isShown)
             m_ui->stkSections->setCurrentWidget(s.page);
-        if (!s.element)
+        if (!s.pane)
             continue;
-        m_context.frame.enableCommand(u"mi%1New"_s.arg(QStringView(s.element)), isShown);
-        m_context.frame.enableCommand(u"mi%1Delete"_s.arg(QStringView(s.element)), isShown);
+        s.pane->setInFront(isShown);
+        m_context.frame.enableCommand(u"mi%1New"_s.arg(QStringView(s.name)), isShown);
+        m_context.frame.enableCommand(u"mi%1Delete"_s.arg(QStringView(s.name)), isShown);
     }
     if (section != "Welcome"_L1)
         return;
@@ -168,8 +196,13 @@ void frmSnipValeS::CategoryExpandAll(bool expand)
 
 void frmSnipValeS::goHome()
 {
-    m_ui->tvTreeView->selectSilently(m_tree->rootIndex());
-    tvTreeView_NodeClick(m_tree->rootIndex());
+    showCategory(m_tree->rootIndex());
+}
+
+void frmSnipValeS::showCategory(const QModelIndex& node)
+{
+    m_ui->tvTreeView->selectSilently(node);
+    tvTreeView_NodeClick(node);
 }
 
 void frmSnipValeS::showToDo(const QString& categoryKey, const QString& toDoKey)
@@ -177,11 +210,42 @@ void frmSnipValeS::showToDo(const QString& categoryKey, const QString& toDoKey)
     const QModelIndex node = m_tree->indexOf(categoryKey);
     if (!node.isValid())
         return;
-    m_ui->tvTreeView->selectSilently(node);
-    tvTreeView_NodeClick(node);
+    showCategory(node);
     ShowSection(u"ToDo"_s);
-    if (m_ui->lvwToDo->model())
-        m_ui->lvwToDo->selectKey(toDoKey);
+    m_toDos->selectKey(toDoKey);
+}
+
+ElementPane& frmSnipValeS::paneOf(const QString& itemKey) const
+{
+    if (itemKey.endsWith(" B_ID"_L1))
+        return *m_bookmarks;
+    if (itemKey.endsWith(" T_ID"_L1))
+        return *m_toDos;
+    return *m_memos;
+}
+
+bool frmSnipValeS::SelectElementInTreeView()
+{
+    const std::optional<SearchHit> hit = m_search->selectedHit();
+    return hit && trapErrors(m_context.archive.questions(), u"SelectElementInTreeView"_s, [&] {
+               const QModelIndex node = m_tree->indexOf(QString::number(hit->categoryID) + u" ID"_s);
+               if (!node.isValid())
+                   throw std::runtime_error("The category is no longer in the tree.");
+               showCategory(node);
+               constexpr const char16_t* sections[] = {u"Memo", u"Bookmark", u"ToDo"};
+               ShowSection(QStringView(sections[size_t(hit->kind)]).toString());
+               const QString key = QString::number(hit->id) + hit->keySuffix();
+               paneOf(key).selectKey(key);
+           });
+}
+
+void frmSnipValeS::OpenSearchElement()
+{
+    const std::optional<SearchHit> hit = m_search->selectedHit();
+    if (!hit)
+        m_context.archive.questions().ask(u"Error: Nothing is selected"_s, MessageStyle::Critical);
+    else if (SelectElementInTreeView())
+        paneOf(hit->keySuffix()).openElement(hit->id);
 }
 
 void frmSnipValeS::NewCategory()
@@ -274,6 +338,5 @@ qint32 frmSnipValeS::selectedCategory() const
 void frmSnipValeS::elementSaved(const QString& itemKey)
 {
     clickSelectedNode();
-    if (itemKey.endsWith(" M_ID"_L1))
-        m_ui->lvwMemo->selectKey(itemKey);
+    paneOf(itemKey).selectKey(itemKey);
 }

@@ -5,33 +5,23 @@
 #include "archive/CategoryTree.h"
 #include "archive/ElementListener.h"
 #include "explorer/ElementListView.h"
+#include "explorer/ExplorerContext.h"
 
 #include <QWidget>
 #include <memory>
 
-class Archive;
+class BookmarkPane;
 class CategoryTreeModel;
-class cCategory;
-class cMemo;
-class cViewFilter;
-class FrameServices;
+class DragDrop;
+class ElementPane;
 class MemoPane;
+class SearchPane;
+class ToDoPane;
 class WelcomePage;
-struct Desktop;
 
 namespace Ui {
 class frmSnipValeS;
 }
-
-// What the explorer works on and with. All outlive it.
-struct ExplorerContext {
-    Archive& archive;
-    const Desktop& desktop;
-    FrameServices& frame;
-    cViewFilter& viewFilter;
-    cMemo& memo;
-    cCategory& category; // the current one
-};
 
 // The explorer: the category tree on the left, on the right what the selected node holds.
 class frmSnipValeS : public QWidget, public CategoryTree, public ElementListener {
@@ -49,6 +39,12 @@ public:
     void ModifyCategory();
     void DeleteCategory();
     MemoPane& memos() { return *m_memos; }
+    BookmarkPane& bookmarks() { return *m_bookmarks; }
+    ToDoPane& toDos() { return *m_toDos; }
+    SearchPane& search() { return *m_search; }
+
+    bool SelectElementInTreeView(); // shows the selected hit in its category; false when that failed or there is none
+    void OpenSearchElement(); // the same, and then opens it
 
     // CategoryTree
     QString selectedKey() const override;
@@ -68,6 +64,9 @@ private:
     void goHome();
     void showToDo(const QString& categoryKey, const QString& toDoKey);
     void editCategory();
+    void makePanes();
+    void showCategory(const QModelIndex& node);
+    ElementPane& paneOf(const QString& itemKey) const; // by the end of the key
 
     std::unique_ptr<Ui::frmSnipValeS> m_ui;
     ExplorerContext m_context;
@@ -75,4 +74,8 @@ private:
     CategoryTreeModel* m_tree;
     WelcomePage* m_welcome;
     MemoPane* m_memos;
+    BookmarkPane* m_bookmarks;
+    ToDoPane* m_toDos;
+    SearchPane* m_search;
+    std::unique_ptr<DragDrop> m_drag; // must not outlive the views that it watches
 };

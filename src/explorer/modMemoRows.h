@@ -2,16 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "explorer/modListDates.h"
+
 #include <QString>
 #include <vector>
 
 class Archive;
-
-// A moment without time zone arithmetic, small enough to keep two for each of 100,000 rows.
-struct PackedMoment {
-    qint32 julianDay = 0; // 0: no date
-    qint32 second = 0; // of the day
-};
 
 // What a memo shows in the list of its category.
 struct MemoRow {
@@ -23,9 +19,6 @@ struct MemoRow {
 
 // The memos of a category in the archive's order. Throws jet::Error; `rows` keeps what it held then.
 void readMemoRows(Archive& archive, qint32 categoryID, std::vector<MemoRow>& rows);
-
-// "Short Date" and "Short Time" of the user's locale with a blank between; "" for no date.
-QString shortMoment(PackedMoment moment);
 
 // Deletes the memos of a list that idList() built. Throws jet::Error; nothing is deleted then.
 void deleteMemos(Archive& archive, const QString& ids);

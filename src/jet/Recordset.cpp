@@ -167,6 +167,12 @@ QByteArray Recordset::utf8(int column) const
     return QByteArray(text, sqlite3_column_bytes(m->row, column));
 }
 
+QByteArrayView Recordset::view(int column) const
+{
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(m->row, column));
+    return QByteArrayView(text, sqlite3_column_bytes(m->row, column));
+}
+
 QDateTime Recordset::dateTime(int column) const
 {
     return readDate(m->query->text(column));

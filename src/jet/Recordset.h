@@ -5,6 +5,7 @@
 #include "jet/Value.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QStringList>
 #include <memory>
 #include <vector>
@@ -35,6 +36,7 @@ public:
     bool boolean(int column) const;
     QString text(int column) const;
     QByteArray utf8(int column) const; // the bytes as stored, for text that must not be decoded
+    QByteArrayView view(int column) const; // the same without a copy, until moveNext or another call for this column
     QDateTime dateTime(int column) const;
     LocalMoment moment(int column) const; // much faster: a time zone costs 2 microseconds a value
 

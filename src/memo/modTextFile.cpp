@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 largestFile = 64 * 1024 * 1024; // more than an editor is pleasant with
+constexpr qint64 largestFile = 64LL * 1024 * 1024; // more than an editor is pleasant with
 
 [[noreturn]] void fail(const QString& name, const QString& reason)
 {

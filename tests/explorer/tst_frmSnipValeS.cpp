@@ -1,60 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/UiSupport.h"
+#include "explorer/ExplorerFixture.h"
 
-#include "archive/cCategory.h"
-#include "archive/cViewFilter.h"
-#include "explorer/CategoryTreeModel.h"
 #include "explorer/MemoPane.h"
-#include "explorer/frmSnipValeS.h"
-#include "memo/cMemo.h"
 
 #include <QDialog>
-#include <QHeaderView>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QStackedWidget>
-#include <QtTest>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-// An explorer over an archive with the categories 1 Code, 2 Bookmarks, 3 ToDo.
-struct Explorer : UiFixture {
-    Explorer() : window({archive, desktop, frame, filter, memo, category}, nullptr)
-    {
-        window.resize(1000, 600);
-        window.show();
-        statements.clear();
-    }
-    QTreeView& tree() { return *window.findChild<QTreeView*>(u"tvTreeView"_s); }
-    ElementListView& list() { return *window.findChild<ElementListView*>(u"lvwMemo"_s); }
-    QString label(const char* name) { return window.findChild<QLabel*>(QString::fromLatin1(name))->text(); }
-    QString section() { return window.findChild<QStackedWidget*>()->currentWidget()->objectName(); }
-    QModelIndex node(const QString& key) { return static_cast<CategoryTreeModel*>(tree().model())->indexOf(key); }
-    void click(const QString& key)
-    {
-        tree().expandAll();
-        QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, tree().visualRect(node(key)).center());
-    }
-    void addMemo(const QString& name)
-    {
-        ArchiveUnit unit(archive);
-        unit.Execute(u"INSERT INTO tab_memo (categoryID, memoTypeID, memoName, dateIn) VALUES (1, 3, '"_s + name +
-                     u"', '2026-3-4 9:5:0')"_s);
-    }
-    bool enabled(const char* command) { return frame.enabledCommands.value(QString::fromLatin1(command)); }
-
-    cViewFilter filter;
-    cMemo memo{archive};
-    cCategory category{archive};
-    frmSnipValeS window;
-};
-
-} // namespace
 
 class tst_frmSnipValeS : public QObject {
     Q_OBJECT
