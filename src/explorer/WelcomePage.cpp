@@ -55,17 +55,16 @@ void WelcomePage::LoadTodoTree()
     root->setData(u"0 ID"_s, KeyRole);
     root->setData(u"root"_s, TagRole);
     m_toDos.appendRow(root);
-    trapErrors(m_archive.questions(), u"LoadTodoTree"_s, [&] {
-        for (int group = 0; group < DueGroupCount; ++group)
-            addGroup(*root, group);
-    });
+    std::vector<DueGroup> groups;
+    trapErrors(m_archive.questions(), u"LoadTodoTree"_s, [&] { readDueGroups(m_archive, groups); });
+    for (const DueGroup& group : groups)
+        addGroup(*root, group);
     m_ui.tvwToDo->expandAll();
     m_ui.tvwToDo->setCurrentIndex(root->index());
 }
 
-void WelcomePage::addGroup(QStandardItem& root, int group)
+void WelcomePage::addGroup(QStandardItem& root, const DueGroup& due)
 {
-    const DueGroup due = readDueGroup(m_archive, group);
     auto* node =
         new QStandardItem(reportIcon(due.image), due.title + u" ("_s + QString::number(due.toDos.size()) + u')');
     QList<QStandardItem*> children;

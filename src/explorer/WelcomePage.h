@@ -7,6 +7,7 @@
 
 class Archive;
 class QTreeView;
+struct DueGroup;
 
 namespace Ui {
 class frmSnipValeS;
@@ -28,7 +29,7 @@ signals:
 
 private:
     void tvwToDo_DblClick();
-    void addGroup(QStandardItem& root, int group);
+    static void addGroup(QStandardItem& root, const DueGroup& due);
 
     Ui::frmSnipValeS& m_ui;
     Archive& m_archive;

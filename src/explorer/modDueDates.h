@@ -4,7 +4,6 @@
 
 #include <QDateTime>
 #include <QString>
-#include <array>
 #include <vector>
 
 class Archive;
@@ -23,9 +22,7 @@ struct DueGroup {
     std::vector<DueToDo> toDos;
 };
 
-inline constexpr int DueGroupCount = 4;
-
-// Fills one group, counted from the present moment: 0 overdue, 1 due this second, 2 due in 1 to 7 days, 3 in 7 to
-// 28 days. What is due later today is in no group, what is due in exactly 7 days in two: the moments are compared
-// as they are, not day by day. Throws jet::Error.
-DueGroup readDueGroup(Archive& archive, int group);
+// Appends the four groups, each counted from its own present moment: overdue, due this second, due in 1 to 7 days, in
+// 7 to 28 days. What is due later today is in no group, what is due in exactly 7 days in two: the moments are compared
+// as they are, not day by day. Throws jet::Error; the groups read until then stay in `groups`.
+void readDueGroups(Archive& archive, std::vector<DueGroup>& groups);

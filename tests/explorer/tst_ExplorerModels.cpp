@@ -182,8 +182,9 @@ void tst_ExplorerModels::dueGroups()
     }
     f.statements.clear();
     QStringList found;
-    for (int group = 0; group < DueGroupCount; ++group) {
-        const DueGroup due = readDueGroup(f.archive, group);
+    std::vector<DueGroup> groups;
+    readDueGroups(f.archive, groups);
+    for (const DueGroup& due : groups) {
         found.append(due.title);
         for (const DueToDo& toDo : due.toDos)
             found.append(toDo.name);
