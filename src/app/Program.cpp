@@ -51,17 +51,19 @@ void withoutPlatformNoise(QtMsgType type, const QMessageLogContext& context, con
         previousHandler(type, context, text);
 }
 
-bool wantsTour(int argc, char** argv)
+bool needsNoDisplay(int argc, char** argv)
 {
-    return std::any_of(argv + 1, argv + argc,
-                       [](const char* word) { return QByteArrayView(word).startsWith("--tour"); });
+    return std::any_of(argv + 1, argv + argc, [](const char* option) {
+        const QByteArrayView word(option);
+        return word.startsWith("--tour") || word == "--help" || word == "-h" || word == "--version" || word == "-v";
+    });
 }
 
 } // namespace
 
 int runProgram(int argc, char** argv)
 {
-    if (wantsTour(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+    if (needsNoDisplay(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         previousHandler = qInstallMessageHandler(withoutPlatformNoise);
     }
