@@ -148,8 +148,7 @@ private:
     void copyFunction()
     {
         const bool countsKey = m_tables.size() == 1 && m_cursor.peek().is("COUNT") && isName(m_cursor.peek(2)) &&
-                               m_cursor.peek(3).is(")") &&
-                               isCounterKey(m_database, m_tables.front().table, m_cursor.peek(2).text);
+            m_cursor.peek(3).is(")") && isCounterKey(m_database, m_tables.front().table, m_cursor.peek(2).text);
         put(m_cursor.take().text);
         if (!countsKey)
             return;

@@ -25,7 +25,7 @@ bool isCounterKey(sqlite3* database, const std::string& table, const std::string
     int isKey = 0, counts = 0;
     return sqlite3_table_column_metadata(database, nullptr, table.c_str(), column.c_str(), nullptr, nullptr, nullptr,
                                          &isKey, &counts) == SQLITE_OK &&
-           isKey && counts;
+        isKey && counts;
 }
 
 } // namespace jet
