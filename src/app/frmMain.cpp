@@ -129,6 +129,8 @@ void frmMain::makeExplorerCommands()
     command("miBookmarkModify", "ModifyBookmark", [](E& e) { e.bookmarks().ModifyBookmark(); });
     command("miBookmarkVisit", "VisitBookmark", [](E& e) { e.bookmarks().VisitBookmark(); });
     command("miBookmarkDelete", "DeleteBookmark", [](E& e) { e.bookmarks().DeleteBookmark(); });
+    command("miToDoNew", "NewToDo", [](E& e) { e.toDos().NewToDo(); });
+    command("miToDoModify", "ModifyToDo", [](E& e) { e.toDos().ModifyToDo(); });
     command("miToDoDelete", "DeleteToDo", [](E& e) { e.toDos().DeleteToDo(); });
     command("miToDoIncreasePriority", "ToDoIncreasePriority", [](E& e) { e.toDos().ToDoIncreasePriority(); });
     command("miToDoDecreasePriority", "ToDoDecreasePriority", [](E& e) { e.toDos().ToDoDecreasePriority(); });

@@ -7,6 +7,8 @@
 #include "archive/cCategory.h"
 #include "archive/cViewFilter.h"
 #include "explorer/ToDoListModel.h"
+#include "memo/modTextFile.h"
+#include "tasks/frmToDo.h"
 #include "tasks/modToDo.h"
 
 using namespace Qt::StringLiterals;
@@ -50,6 +52,14 @@ void ToDoPane::deleteRows(const QString& ids)
 qint32& ToDoPane::idToEdit()
 {
     return context().viewFilter.EditingModeToDoID;
+}
+
+void ToDoPane::showEditor(QWidget& window)
+{
+    const ExplorerContext& c = context();
+    frmToDo editor({c.archive, c.desktop, c.viewFilter, listener(), readTextFile}, &window);
+    if (editor.Form_Load())
+        editor.exec();
 }
 
 void ToDoPane::markDone(qint32 id, bool done)

@@ -15,6 +15,8 @@ public:
 
     void MakeLvwToDoColumns() { makeColumns(); }
     void MakeLvwToDoContents() { makeContents(); } // of the current category
+    void NewToDo() { newElement(); }
+    void ModifyToDo() { modifyElement(); } // the selected one
     void DeleteToDo() { deleteElements(); } // all selected ones, after a question
     void ToDoIncreasePriority(); // of the selected one, by one step
     void ToDoDecreasePriority();
@@ -24,6 +26,7 @@ protected:
     void readRows() override;
     void deleteRows(const QString& ids) override;
     qint32& idToEdit() override;
+    void showEditor(QWidget& window) override;
 
 private:
     ToDoPane(ToDoListModel* model, ElementListView& view, const ExplorerContext& context, ElementListener& listener,

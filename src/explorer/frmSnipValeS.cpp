@@ -37,7 +37,7 @@ frmSnipValeS::frmSnipValeS(const ExplorerContext& context, QWidget* parent)
     makeTreeToolBar();
     wireTree();
     const DragViews views{*m_tree, *m_ui->tvTreeView, *m_ui->lvwMemo, *m_ui->lvwBookmark, *m_ui->lvwToDo};
-    m_drag.reset(new DragDrop(*this, m_context, views));
+    m_drag = std::make_unique<DragDrop>(*this, m_context, views);
     LoadTreeView();
 }
 

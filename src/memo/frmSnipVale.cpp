@@ -54,6 +54,7 @@ void frmSnipVale::makeCodeEditor()
     m_editor = new ScintillaView(m_ui->rtfSnipVale);
     m_editor->setObjectName(u"codeEditor"_s);
     m_ui->rtfSnipVale->host(m_editor);
+    setTabOrder(m_ui->imgCodeEqual, m_editor); // made last, it stands here
     m_scintilla = std::make_unique<cScintilla>(*m_editor, m_context.archive);
     m_editor->setHandler(m_scintilla.get());
     m_scintilla->Init();

@@ -19,6 +19,7 @@
 
 #include <QPrintDialog>
 #include <QPrinter>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -181,6 +182,10 @@ void frmSnipVale::makeNoteBar()
     bar->setIconSize(m_ui->tbToolBarMemo->iconSize());
     bar->setPickColor([this](const QColor& initial) { return pickColor(initial); });
     m_ui->layNoteBody->insertWidget(0, bar);
+    QWidget* before = m_ui->imgNoteEqual; // the bar was made last and stands here
+    for (QWidget* stop : {bar->findChild<QWidget*>(setup.fontName), bar->findChild<QWidget*>(setup.fontSize),
+                          bar->widgetForAction(bar->command(u"Open"_s))})
+        setTabOrder(std::exchange(before, stop), stop);
     connect(bar, &RichTextBar::openRequested, this, &frmSnipVale::openNoteFile);
     connect(bar, &RichTextBar::printRequested, this, &frmSnipVale::PrintDoc);
     notes.setMenuNames({u"mnuMemoNote"_s, u"mnuMemoNoteCut"_s, u"mnuMemoNoteCopy"_s, u"mnuMemoNotePaste"_s});

@@ -146,6 +146,8 @@ bool RichTextBox::replaceText(const QString& plain)
 
 RichTextLook RichTextBox::look() const
 {
+    if (textCursor().isNull()) // in the middle of QTextEdit::setPlainText
+        return {};
     return lookOf(textCursor(), currentCharFormat(), document()->defaultFont());
 }
 

@@ -191,6 +191,12 @@ void RichTextBox::leaveLink()
 
 void RichTextBox::keyPressEvent(QKeyEvent* event)
 {
+    // Tab types a tab; with Ctrl it leaves, as in the code editor.
+    if (event->key() == Qt::Key_Tab && event->modifiers() == Qt::ControlModifier) {
+        QWidget::focusNextPrevChild(true); // the editor's own refuses to leave
+        event->accept();
+        return;
+    }
     if (doShortcut(*event) || doLinkKey(*event) || doListKey(*event)) {
         event->accept();
         return;

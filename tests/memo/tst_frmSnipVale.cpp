@@ -85,6 +85,7 @@ private slots:
     void panes();
     void failedSaveKeepsTheWindow();
     void vanishedMemo();
+    void keyboardOrder();
 };
 
 void tst_frmSnipVale::newMemoIsInsertedOnceThenUpdated()
@@ -144,6 +145,8 @@ void tst_frmSnipVale::notesKeepTheirBytes()
     QCOMPARE(e.value(u"SELECT memoNotes FROM tab_memo"_s), rtf);
     auto& notes = e.get<RichTextBox>("rtfMemoNotes");
     QCOMPARE(notes.toPlainText().trimmed(), u"it's"_s);
+    notes.setPlainText(u"replaced"_s); // with the bar watching
+    notes.undo();
     QTest::keyClicks(&notes, u"And "_s);
     QVERIFY(e.window->isDirty());
     e.get<QPushButton>("cmdApply").click();
@@ -316,6 +319,25 @@ void tst_frmSnipVale::vanishedMemo()
     e.questions.expect(u"Error in Load: The memo is no longer in the archive."_s);
     e.open(4711);
     QVERIFY(!e.loaded);
+}
+
+void tst_frmSnipVale::keyboardOrder()
+{
+    Editor e;
+    QVERIFY(QTest::qWaitForWindowActive(e.window.get()));
+    QStringList order;
+    for (int i = 0; i < 20 && !order.contains(u"cmdClose"_s); ++i) {
+        order << QApplication::focusWidget()->objectName();
+        if (order.last() == "txtMemoLink"_L1)
+            QTest::keyClicks(QApplication::focusWidget(), u"https://x"_s); // enables the link button and Apply
+        const bool leaves = order.last() == "codeEditor"_L1 || order.last() == "rtfMemoNotes"_L1; // Tab types there
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, leaves ? Qt::ControlModifier : Qt::NoModifier);
+    }
+    order.removeAll(QString()); // the bar's button
+    QCOMPARE(order.join(u' '),
+             u"txtMemoName cboMemoType txtMemoDescription txtMemoLink cmdUrl imgCodePlus imgCodeMinus imgCodeEqual "
+             u"codeEditor "
+             "imgNotePlus imgNoteMinus imgNoteEqual cmbFontName cmbFontSize rtfMemoNotes cmdOK cmdApply cmdClose"_s);
 }
 
 QTEST_MAIN(tst_frmSnipVale)

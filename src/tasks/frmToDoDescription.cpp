@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The description of the to-do editor: its tool bar, its menu and its files.
+#include "archive/Archive.h"
+#include "archive/ErrorTrap.h"
+#include "desktop/Desktop.h"
+#include "desktop/FileDialogs.h"
+#include "desktop/QtIcons.h"
+#include "desktop/Questions.h"
+#include "desktop/Shell.h"
+#include "richtext/RichTextBar.h"
+#include "richtext/RichTextBox.h"
+#include "tasks/frmToDo.h"
+#include "ui_frmToDo.h"
+
+#include <QPrintDialog>
+#include <QPrinter>
+#include <optional>
+#include <stdexcept>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::optional<QColor> pickColor(FileDialogs& files, const QColor& initial)
+{
+    const auto bgr = std::uint32_t(initial.red() | initial.green() << 8 | initial.blue() << 16);
+    const auto chosen = files.pickColor(bgr);
+    if (!chosen)
+        return std::nullopt;
+    return QColor(int(*chosen & 0xFF), int(*chosen >> 8 & 0xFF), int(*chosen >> 16 & 0xFF));
+}
+
+} // namespace
+
+void frmToDo::makeNoteBar()
+{
+    RichTextBox& notes = *m_ui->rtfDescription;
+    RichTextBar::Setup setup;
+    setup.bar = u"tbToolBarNote"_s;
+    setup.fontName = u"cmbFontName"_s;
+    setup.fontSize = u"cmbFontSize"_s;
+    setup.keys = {u"New"_s,     u"Open"_s,       u"Save"_s,    u"Print"_s,       u"|"_s,      u"Cut"_s,
+                  u"Copy"_s,    u"Paste"_s,      u"|"_s,       u"Bold"_s,        u"Italic"_s, u"Underline"_s,
+                  u"|"_s,       u"Align Left"_s, u"Center"_s,  u"Align Right"_s, u"|"_s,      u"Color"_s,
+                  u"Numbers"_s, u"Bullets"_s,    u"Outdent"_s, u"Indent"_s};
+    setup.hidden = {u"New"_s, u"Save"_s, u"Numbers"_s}; // they do nothing
+    setup.icon = themedIcon;
+    auto* bar = new RichTextBar(notes, setup, this);
+    bar->setIconSize({16, 16});
+    bar->setPickColor([this](const QColor& initial) { return pickColor(m_context.desktop.files, initial); });
+    m_ui->layDescription->insertWidget(0, bar);
+    QWidget* before = m_ui->txtName; // the bar came last and stands here
+    for (QWidget* stop : {bar->findChild<QWidget*>(setup.fontName), bar->findChild<QWidget*>(setup.fontSize),
+                          bar->widgetForAction(bar->command(u"Open"_s))})
+        setTabOrder(std::exchange(before, stop), stop);
+    connect(bar, &RichTextBar::openRequested, this, &frmToDo::openNoteFile);
+    connect(bar, &RichTextBar::printRequested, this, &frmToDo::printNotes);
+    QList<QAction*> toggles;
+    for (const QString& key : {u"Bold"_s, u"Italic"_s, u"Underline"_s, u"Align Left"_s, u"Center"_s, u"Align Right"_s})
+        toggles.append(bar->command(key));
+    notes.addMenuActions(toggles);
+    notes.setConfirm([this](const QString& text) {
+        return m_context.archive.questions().ask(text, MessageStyle::YesNoDefaultNo) == Answer::Yes;
+    });
+    connect(&notes, &RichTextBox::linkActivated, this, &frmToDo::openLink);
+}
+
+void frmToDo::openLink(const QString& address)
+{
+    if (!address.startsWith("http://"_L1) && !address.startsWith("https://"_L1))
+        return;
+    trapErrors(m_context.archive.questions(), u"OpenLink"_s, [&] {
+        if (!m_context.desktop.shell.open(address))
+            throw std::runtime_error("No program is set up to open this link.");
+    });
+}
+
+void frmToDo::openNoteFile()
+{
+    trapErrors(m_context.archive.questions(), u"OpenFile"_s, [&] {
+        if (const auto name = m_context.desktop.files.openFile(u"Apri "_s, u"All Files (*.*) |*.*"_s))
+            m_ui->rtfDescription->replaceText(m_context.readTextFile(*name));
+    });
+}
+
+void frmToDo::printNotes()
+{
+    trapErrors(m_context.archive.questions(), u"PrintDoc"_s, [&] {
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setDocName(m_ui->txtName->text());
+        QPrintDialog dialog(&printer, this);
+        if (dialog.exec() == QDialog::Accepted)
+            m_ui->rtfDescription->print(&printer);
+    });
+}
