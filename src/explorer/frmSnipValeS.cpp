@@ -23,6 +23,8 @@
 #include <QAction>
 #include <stdexcept>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 frmSnipValeS::frmSnipValeS(const ExplorerContext& context, QWidget* parent)
@@ -99,13 +101,22 @@ void frmSnipValeS::LoadTreeView()
     for (ElementPane* pane : {static_cast<ElementPane*>(m_memos), static_cast<ElementPane*>(m_bookmarks),
                               static_cast<ElementPane*>(m_toDos)})
         pane->clear();
-    const bool read =
-        trapErrors(m_context.archive.questions(), u"LoadTreeView"_s, [&] { readCategories(m_context.archive, rows); });
+    qint64 hidden = 0;
+    const bool read = trapErrors(m_context.archive.questions(), u"LoadTreeView"_s,
+                                 [&] { hidden = readCategories(m_context.archive, rows); });
     m_tree->setRows(rows);
     m_ui->tvTreeView->expand(m_tree->rootIndex());
     m_ui->tvTreeView->selectSilently(m_tree->rootIndex());
-    if (read)
-        tvTreeView_NodeClick(m_tree->rootIndex());
+    if (!read)
+        return;
+    tvTreeView_NodeClick(m_tree->rootIndex());
+    if (std::exchange(m_hiddenCategories, hidden) == hidden || hidden <= 0)
+        return; // said once is enough
+    m_context.archive.questions().ask(
+        QString::number(hidden) +
+            u" categories of this archive cannot be shown in the tree: the category above them is "
+            "missing, or they lie below themselves. The search still finds what is in them."_s,
+        MessageStyle::Exclamation);
 }
 
 void frmSnipValeS::tvTreeView_NodeClick(const QModelIndex& node)

@@ -71,6 +71,7 @@ private:
     std::unique_ptr<Ui::frmSnipValeS> m_ui;
     ExplorerContext m_context;
     SortDirection m_sort;
+    qint64 m_hiddenCategories = 0; // that the user was told of
     CategoryTreeModel* m_tree;
     WelcomePage* m_welcome;
     MemoPane* m_memos;

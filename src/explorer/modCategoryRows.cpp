@@ -30,7 +30,7 @@ std::vector<CategoryRow> readChildren(ArchiveUnit& unit, qint32 parent)
 
 } // namespace
 
-void readCategories(Archive& archive, std::vector<CategoryRow>& rows)
+qint64 readCategories(Archive& archive, std::vector<CategoryRow>& rows)
 {
     ArchiveUnit unit(archive);
     QSet<qint32> seen{0};
@@ -46,4 +46,6 @@ void readCategories(Archive& archive, std::vector<CategoryRow>& rows)
         open.insert(open.end(), std::make_move_iterator(children.rbegin()), std::make_move_iterator(children.rend()));
         rows.push_back(std::move(row));
     }
+    const jet::Recordset all = unit.Open(u"SELECT COUNT(categoryID) AS totalCat From tab_category "_s);
+    return all.integer(u"totalCat"_s) - qint64(rows.size());
 }

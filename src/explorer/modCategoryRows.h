@@ -15,6 +15,6 @@ struct CategoryRow {
 };
 
 // Appends every category that can be reached from the top, parents before children, brothers in name order.
-// A damaged tree (a category below itself) is read once and ends. Throws jet::Error; what was read until then
-// stays in `rows`.
-void readCategories(Archive& archive, std::vector<CategoryRow>& rows);
+// Returns how many cannot be reached: their parent is missing, or they lie below themselves. Throws jet::Error; what
+// was read until then stays in `rows`.
+qint64 readCategories(Archive& archive, std::vector<CategoryRow>& rows);

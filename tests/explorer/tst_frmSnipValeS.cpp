@@ -19,6 +19,7 @@ private slots:
     void newCategory();
     void modifyCategory();
     void deleteCategory();
+    void hiddenCategoriesAreReported();
     void summary();
     void dueDateTree();
     void memoListShowsAndSorts();
@@ -134,6 +135,21 @@ void tst_frmSnipValeS::deleteCategory()
     QVERIFY(e.statements.contains(u"DELETE * FROM tab_category WHERE tab_category.categoryID IN (7,9,12) "_s));
     QCOMPARE(e.value(u"SELECT COUNT(memoID) AS n FROM tab_memo"_s), u"0"_s);
     QVERIFY(!e.node(u"7 ID"_s).isValid());
+    QCOMPARE(e.window.selectedKey(), u"0 ID"_s);
+}
+
+void tst_frmSnipValeS::hiddenCategoriesAreReported()
+{
+    Explorer e;
+    {
+        ArchiveUnit unit(e.archive);
+        unit.Execute(
+            u"INSERT INTO tab_category (categoryID, parentID, type, name) VALUES (50, 50, 0, 'below itself')"_s);
+    }
+    e.questions.expect(QString());
+    e.window.LoadTreeView();
+    QVERIFY(e.questions.asked.last().text.startsWith("1 categories of this archive cannot be shown"_L1));
+    e.window.LoadTreeView(); // once
     QCOMPARE(e.window.selectedKey(), u"0 ID"_s);
 }
 
