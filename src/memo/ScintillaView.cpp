@@ -204,7 +204,7 @@ void ScintillaView::keyPressEvent(QKeyEvent* event)
     const bool tab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
     if (tab && (event->modifiers() & Qt::ControlModifier) != 0) {
         const bool back = event->key() == Qt::Key_Backtab || (event->modifiers() & Qt::ShiftModifier) != 0;
-        QWidget::focusNextPrevChild(!back); // the component's own refuses to leave
+        QWidget::focusNextPrevChild(!back); // NOLINT(bugprone-parent-virtual-call): the component's own stays
         event->accept();
         return;
     }

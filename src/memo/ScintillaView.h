@@ -11,7 +11,7 @@ class cScintilla;
 
 // The widget of the code editor: Scintilla behind the messages of CodeEditor. Text is UTF-8, whatever its line
 // ends and zero bytes. Tab types a tab; Ctrl+Tab and Ctrl+Shift+Tab move the keyboard on to the next control.
-class ScintillaView : public QsciScintillaBase, public CodeEditor {
+class ScintillaView final : public QsciScintillaBase, public CodeEditor {
     Q_OBJECT
 public:
     explicit ScintillaView(QWidget* parent = nullptr);

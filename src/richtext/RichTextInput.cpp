@@ -193,7 +193,7 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
 {
     // Tab types a tab; with Ctrl it leaves, as in the code editor.
     if (event->key() == Qt::Key_Tab && event->modifiers() == Qt::ControlModifier) {
-        QWidget::focusNextPrevChild(true); // the editor's own refuses to leave
+        QWidget::focusNextPrevChild(true); // NOLINT(bugprone-parent-virtual-call): the editor's own stays
         event->accept();
         return;
     }
