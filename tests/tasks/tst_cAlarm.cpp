@@ -1,0 +1,350 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tasks/AlarmFixture.h"
+
+#include "archive/ErrorTrap.h"
+#include "tasks/cAlarm.h"
+#include "tasks/cAlarmQueue.h"
+#include "tasks/modSound.h"
+
+#include <QtTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A screen that only remembers. It opens as the real one does: the row is read again.
+class FakeForms : public AlarmForms {
+public:
+    explicit FakeForms(Archive& archive) : m_archive(archive) { }
+    bool isOpen(qint32 id) const override { return opened.contains(id); }
+    bool hasRoom() const override { return opened.size() < room; }
+    bool open(qint32 id, QString& error) override
+    {
+        std::optional<AlarmRow> row;
+        if (!keepError(error, [&] { row = readAlarm(m_archive, id); }) || !row || !row->isDue)
+            return false;
+        opened.append(id);
+        seen.append(id);
+        return true;
+    }
+    QList<qint32> opened;
+    QList<qint32> seen; // all that ever opened
+    qsizetype room = 1000;
+
+private:
+    Archive& m_archive;
+};
+
+struct Checked : AlarmFixture {
+    void check()
+    {
+        cAlarm(archive, queue).Alarm();
+        while (queue.openNext()) { }
+    }
+    FakeForms forms{archive};
+    int alerts = 0;
+    cAlarmQueue queue{forms, questions, [this] { ++alerts; }};
+};
+
+QDateTime day(int year, int month, int day, int hour, int minute, int second = 0)
+{
+    return QDateTime(QDate(year, month, day), QTime(hour, minute, second));
+}
+
+// The rest of the program in another zone of the world.
+class ZoneGuard {
+public:
+    ~ZoneGuard()
+    {
+        m_before.isEmpty() ? qunsetenv("TZ") : qputenv("TZ", m_before);
+        tzset();
+    }
+    static void set(const char* zone)
+    {
+        qputenv("TZ", zone);
+        tzset();
+    }
+
+private:
+    QByteArray m_before = qgetenv("TZ");
+};
+
+} // namespace
+
+class tst_cAlarm : public QObject {
+    Q_OBJECT
+private slots:
+    void aWeek_data();
+    void aWeek();
+    void whatIsDue();
+    void statements();
+    void oneFormEach();
+    void closedOnesComeBack();
+    void answers();
+    void manyAtOnce();
+    void thoseThatWaitAreStillDue();
+    void zonesAndClocks();
+    void failuresAreToldOnce();
+    void sounds();
+};
+
+// A reminder every 197 minutes through a week; a check now and then, with holes in between.
+void tst_cAlarm::aWeek_data()
+{
+    QTest::addColumn<int>("tick"); // s
+    QTest::addColumn<int>("hole"); // s: the machine sleeps at each midnight
+    QTest::newRow("awake") << 900 << 0;
+    QTest::newRow("asleep at night") << 1800 << 8 * 3600;
+    QTest::newRow("the program ran twice") << 3 * 86400 << 0;
+}
+
+void tst_cAlarm::aWeek()
+{
+    QFETCH(int, tick);
+    QFETCH(int, hole);
+    Checked f;
+    const QDateTime start = day(2026, 3, 25, 0, 0); // summer time begins within it in most of Europe
+    const QDateTime end = start.addDays(7);
+    QMap<qint32, QDateTime> due;
+    for (QDateTime at = start; at < end; at = at.addSecs(197 * 60))
+        due.insert(f.add(at), at);
+    QMap<qint32, QDateTime> shown;
+    for (f.clock.moment = start; f.clock.moment <= end.addSecs(tick); f.clock.moment = f.clock.moment.addSecs(tick)) {
+        if (f.clock.moment.time() == QTime(0, 0))
+            f.clock.moment = f.clock.moment.addSecs(hole);
+        f.check();
+        for (const qint32 id : std::exchange(f.forms.opened, {})) {
+            QVERIFY2(!shown.contains(id), "a reminder that was stopped came again");
+            shown.insert(id, f.clock.moment);
+            UpdateAlarm(f.archive, id, std::nullopt);
+        }
+    }
+    QCOMPARE(shown.keys(), due.keys());
+    for (auto at = due.cbegin(); at != due.cend(); ++at) {
+        const qint64 late = at.value().secsTo(shown.value(at.key()));
+        QVERIFY2(late > 0 && late <= tick + hole, qPrintable(at.value().toString() + u' ' + QString::number(late)));
+    }
+    QCOMPARE(f.alerts, due.size());
+}
+
+void tst_cAlarm::whatIsDue()
+{
+    Checked f; // it is 4 March 2026, 09:05:00
+    const qint32 lastSecond = f.add(day(2026, 3, 4, 9, 4, 59));
+    const qint32 lastYear = f.add(day(2025, 3, 4, 9, 5));
+    const qint32 longAgo = f.add(day(100, 1, 1, 0, 0));
+    const qint32 off = f.add(day(2026, 3, 4, 9, 4), false);
+    const qint32 none = f.add(QDateTime());
+    const qint32 thisSecond = f.add(f.clock.now());
+    const qint32 later = f.add(day(2026, 12, 4, 9, 5));
+    const qint32 never = f.add(day(9999, 12, 31, 23, 59, 59));
+    f.check();
+    QCOMPARE(f.forms.seen, (QList<qint32>{lastSecond, lastYear, longAgo}));
+    f.clock.moment = f.clock.moment.addSecs(1);
+    f.check();
+    QCOMPARE(f.forms.seen.last(), thisSecond);
+    QCOMPARE(f.forms.seen.size(), 4);
+    f.clock.moment = day(9999, 12, 31, 23, 59, 59);
+    f.check();
+    QCOMPARE(f.forms.seen.mid(4), QList<qint32>{later});
+    QVERIFY(!readAlarm(f.archive, none)->moment.isValid());
+    QVERIFY(!readAlarm(f.archive, off)->isDue);
+    QVERIFY(!readAlarm(f.archive, later + 100).has_value());
+    QCOMPARE(readAlarm(f.archive, never)->moment.date, QDate(9999, 12, 31));
+}
+
+void tst_cAlarm::statements()
+{
+    Checked f;
+    const qint32 id = f.add(day(2026, 3, 4, 9, 4));
+    f.statements.clear();
+    f.check();
+    UpdateAlarm(f.archive, id, jet::LocalMoment{QDate(2026, 3, 7), QTime(9, 5, 0)});
+    UpdateAlarm(f.archive, id, std::nullopt);
+    const QString end = u"tab_ToDo.dateLastMod = '2026-03-04 09:05:00'  WHERE (tab_ToDo.ToDoID = 1 ) "_s;
+    const QStringList expected = {
+        u"SELECT * FROM tab_ToDo WHERE tab_ToDo.alarmOn <> 0  AND  tab_ToDo.alarmDate < #2026-3-4 9:5:0# "_s,
+        u" SELECT * FROM tab_ToDo WHERE tab_ToDo.todoID = 1 "_s,
+        u"UPDATE tab_ToDo SET tab_todo.alarmOn = 1 , tab_todo.alarmDate = '2026-3-7 9:5:0' , "_s + end,
+        u"UPDATE tab_ToDo SET tab_todo.alarmOn = 0 , tab_todo.alarmDate = Null ,  "_s + end};
+    QCOMPARE(f.statements, expected);
+}
+
+void tst_cAlarm::oneFormEach()
+{
+    Checked f;
+    const qint32 id = f.add(day(2026, 3, 4, 9, 0));
+    for (int tick = 0; tick < 3; ++tick) {
+        f.check();
+        f.clock.moment = f.clock.moment.addSecs(15);
+    }
+    QCOMPARE(f.forms.seen, QList<qint32>{id});
+    QCOMPARE(f.alerts, 1);
+    QCOMPARE(f.column(u"alarmOn"_s, id), u"-1"_s); // the check writes nothing
+    QCOMPARE(f.column(u"alarmDate"_s, id), u"2026-03-04 09:00:00"_s);
+    QCOMPARE(f.column(u"dateLastMod"_s, id), u"2026-03-04 09:05:00"_s);
+}
+
+void tst_cAlarm::closedOnesComeBack()
+{
+    Checked f;
+    const qint32 id = f.add(day(2026, 3, 4, 9, 0));
+    f.check();
+    f.forms.opened.clear();
+    QVERIFY(!f.queue.openNext()); // not at once
+    f.clock.moment = f.clock.moment.addSecs(15);
+    f.check();
+    QCOMPARE(f.forms.seen, (QList<qint32>{id, id}));
+    QCOMPARE(f.alerts, 2);
+}
+
+void tst_cAlarm::answers()
+{
+    Checked f;
+    const qint32 stopped = f.add(day(2026, 3, 4, 9, 0));
+    const qint32 later = f.add(day(2026, 3, 4, 9, 0));
+    const qint32 gone = f.add(day(2026, 3, 4, 9, 0));
+    f.clock.moment = day(2026, 3, 4, 10, 0);
+    UpdateAlarm(f.archive, stopped, std::nullopt);
+    QCOMPARE(f.column(u"alarmOn"_s, stopped), u"0"_s);
+    QCOMPARE(f.column(u"alarmDate"_s, stopped), QString());
+    QCOMPARE(f.column(u"dateLastMod"_s, stopped), u"2026-03-04 10:00:00"_s);
+    QCOMPARE(f.column(u"name"_s, stopped), u"Call O'Hara"_s);
+    UpdateAlarm(f.archive, later, jet::LocalMoment{QDate(2028, 2, 29), QTime(0, 0, 1)});
+    QCOMPARE(f.column(u"alarmDate"_s, later), u"2028-02-29 00:00:01"_s);
+    QCOMPARE(f.column(u"dateLastMod"_s, gone), u"2026-03-04 09:05:00"_s); // only the row that was answered
+    f.run(u"DELETE * FROM tab_todo WHERE todoID = %1"_s.arg(gone));
+    QVERIFY_THROWS_EXCEPTION(std::exception, UpdateAlarm(f.archive, gone, std::nullopt));
+    f.check();
+    QVERIFY(f.forms.seen.isEmpty());
+    f.clock.moment = day(2028, 2, 29, 0, 0, 2);
+    f.check();
+    QCOMPARE(f.forms.seen, QList<qint32>{later});
+}
+
+// 500 due, room for 8: each is seen, also when the user closes them without an answer and checks go on.
+void tst_cAlarm::manyAtOnce()
+{
+    Checked f;
+    f.addMany(500);
+    f.forms.room = 8;
+    f.check();
+    QCOMPARE(f.forms.opened.size(), 8);
+    QCOMPARE(f.queue.waiting(), 492);
+    QSet<qint32> seen;
+    for (int i = 0; i < 500 && !f.forms.opened.isEmpty(); ++i) {
+        seen.insert(f.forms.opened.takeFirst());
+        f.queue.openNext();
+        if (i % 3 == 0)
+            f.check();
+        QVERIFY(f.forms.opened.size() <= 8);
+    }
+    QCOMPARE(seen.size(), 500);
+    QCOMPARE(QSet<qint32>(f.forms.opened.begin(), f.forms.opened.end()).size(), f.forms.opened.size());
+    f.queue.clear();
+    QVERIFY(!f.queue.openNext());
+}
+
+void tst_cAlarm::thoseThatWaitAreStillDue()
+{
+    Checked f;
+    f.addMany(5);
+    f.forms.room = 1;
+    f.check();
+    f.run(u"DELETE * FROM tab_todo WHERE todoID = 2"_s);
+    f.run(u"UPDATE tab_todo SET tab_todo.alarmOn = 0 WHERE (tab_todo.todoID = 3)"_s);
+    f.run(u"UPDATE tab_todo SET tab_todo.alarmDate = '2026-3-4 9:5:1' WHERE (tab_todo.todoID = 4)"_s);
+    f.forms.opened.clear();
+    QVERIFY(f.queue.openNext());
+    QCOMPARE(f.forms.seen, (QList<qint32>{1, 5}));
+    f.forms.opened.clear();
+    QVERIFY(!f.queue.openNext());
+    f.clock.moment = f.clock.moment.addSecs(2);
+    f.check(); // the answered one is not due any more, the moved one is
+    f.forms.opened.clear();
+    f.check();
+    QVERIFY(f.forms.seen.contains(4));
+    QVERIFY(!f.forms.seen.contains(2) && !f.forms.seen.contains(3));
+}
+
+// Moments are those of the clock on the wall, wherever it hangs.
+void tst_cAlarm::zonesAndClocks()
+{
+    const ZoneGuard guard;
+    ZoneGuard::set("America/New_York");
+    Checked f;
+    const qint32 evening = f.add(day(2026, 3, 4, 20, 0));
+    const qint32 skipped = f.add(day(2026, 3, 8, 2, 30)); // clocks went from 2 to 3 there
+    f.clock.moment = day(2026, 3, 4, 19, 0);
+    f.check();
+    QVERIFY(f.forms.seen.isEmpty());
+    const QDateTime instant = f.clock.moment.toUTC();
+    ZoneGuard::set("Europe/Rome"); // the traveller's machine: 01:00 of the next day
+    f.clock.moment = QDateTime::fromMSecsSinceEpoch(instant.toMSecsSinceEpoch());
+    f.check();
+    QCOMPARE(f.forms.seen, QList<qint32>{evening});
+    ZoneGuard::set("America/New_York");
+    f.clock.moment = day(2026, 3, 1, 0, 0); // set back: what is open stays, nothing else comes
+    f.check();
+    QCOMPARE(f.forms.seen.size(), 1);
+    f.clock.moment = day(2026, 3, 8, 1, 59, 59);
+    f.check();
+    QCOMPARE(f.forms.seen.size(), 1);
+    f.clock.moment = f.clock.moment.addSecs(1); // 03:00
+    f.check();
+    QCOMPARE(f.forms.seen, (QList<qint32>{evening, skipped}));
+}
+
+void tst_cAlarm::failuresAreToldOnce()
+{
+    Checked f;
+    const qint32 id = f.add(day(2026, 3, 4, 9, 0));
+    const QString path = f.archive.ArchivePath();
+    for (int round = 0; round < 2; ++round) { // lost, back, lost again
+        f.archive.setPath(path + u".gone"_s);
+        f.questions.expect(QString());
+        f.check();
+        f.check();
+        QVERIFY(f.questions.asked.last().text.startsWith("Error in Alarm: "_L1));
+        QCOMPARE(f.questions.asked.last().style, MessageStyle::Critical);
+        f.archive.setPath(path);
+        f.check();
+        QCOMPARE(f.forms.opened, QList<qint32>{id});
+    }
+    // Lost between the check and the pop-up: told once, and the reminder comes with the next check.
+    f.forms.opened.clear();
+    cAlarm(f.archive, f.queue).Alarm();
+    f.archive.setPath(path + u".gone"_s);
+    f.questions.expect(QString());
+    while (f.queue.openNext()) { }
+    QVERIFY(f.questions.asked.last().text.startsWith("Error in ShowAlert: "_L1));
+    f.archive.setPath(path);
+    cAlarm(f.archive, f.queue).Alarm();
+    f.archive.setPath(path + u".gone"_s);
+    while (f.queue.openNext()) { }
+    f.archive.setPath(path);
+    f.check();
+    QCOMPARE(f.forms.opened, QList<qint32>{id});
+}
+
+void tst_cAlarm::sounds()
+{
+    const QTemporaryDir folder;
+    FakeSound sound;
+    soundAlert(sound, folder.path());
+    QVERIFY(sound.heard.isEmpty()); // a device, no file: silent
+    sound.devices = 0;
+    soundAlert(sound, folder.path());
+    QVERIFY(QFile::copy(QStringLiteral(SHIPPED_DIR "/alert.wav"), folder.filePath(u"alert.wav"_s)));
+    soundAlert(sound, folder.path());
+    sound.devices = 2;
+    soundAlert(sound, folder.path());
+    QCOMPARE(sound.heard, (QStringList{u"beep"_s, u"beep"_s, folder.filePath(u"alert.wav"_s)}));
+    QFile wave(folder.filePath(u"alert.wav"_s));
+    QVERIFY(wave.open(QIODevice::ReadOnly) && wave.size() < 100000);
+    QVERIFY(wave.read(12).startsWith("RIFF"));
+}
+
+QTEST_GUILESS_MAIN(tst_cAlarm)
+#include "tst_cAlarm.moc"
