@@ -4,12 +4,10 @@
 
 #include <QDialog>
 #include <memory>
-#include <optional>
 
 class Archive;
 class ElementListener;
 class QAction;
-class QColor;
 class RichTextBar;
 class ScintillaView;
 class cMemo;
@@ -77,7 +75,6 @@ private:
     void saveCodeFile();
     void openNoteFile();
     void showFind();
-    std::optional<QColor> pickColor(const QColor& initial);
     void setPanes(int openingState);
 
     std::unique_ptr<Ui::frmSnipVale> m_ui;

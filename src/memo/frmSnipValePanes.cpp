@@ -5,6 +5,7 @@
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
 #include "desktop/FileDialogs.h"
+#include "desktop/QtColor.h"
 #include "desktop/QtIcons.h"
 #include "desktop/Questions.h"
 #include "memo/ScintillaView.h"
@@ -180,7 +181,7 @@ void frmSnipVale::makeNoteBar()
     setup.icon = themedIcon;
     auto* bar = new RichTextBar(notes, setup, m_ui->noteBody);
     bar->setIconSize(m_ui->tbToolBarMemo->iconSize());
-    bar->setPickColor([this](const QColor& initial) { return pickColor(initial); });
+    bar->setPickColor([this](const QColor& initial) { return pickColor(m_context.desktop.files, initial); });
     m_ui->layNoteBody->insertWidget(0, bar);
     QWidget* before = m_ui->imgNoteEqual; // the bar was made last and stands here
     for (QWidget* stop : {bar->findChild<QWidget*>(setup.fontName), bar->findChild<QWidget*>(setup.fontSize),
@@ -196,15 +197,6 @@ void frmSnipVale::makeNoteBar()
         if (address.startsWith("http://"_L1) || address.startsWith("https://"_L1))
             openAddress(address);
     });
-}
-
-std::optional<QColor> frmSnipVale::pickColor(const QColor& initial)
-{
-    const auto bgr = std::uint32_t(initial.red() | initial.green() << 8 | initial.blue() << 16);
-    const auto chosen = m_context.desktop.files.pickColor(bgr);
-    if (!chosen)
-        return std::nullopt;
-    return QColor(int(*chosen & 0xFF), int(*chosen >> 8 & 0xFF), int(*chosen >> 16 & 0xFF));
 }
 
 void frmSnipVale::openNoteFile()

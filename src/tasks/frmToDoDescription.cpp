@@ -5,6 +5,7 @@
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
 #include "desktop/FileDialogs.h"
+#include "desktop/QtColor.h"
 #include "desktop/QtIcons.h"
 #include "desktop/Questions.h"
 #include "desktop/Shell.h"
@@ -20,19 +21,6 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-std::optional<QColor> pickColor(FileDialogs& files, const QColor& initial)
-{
-    const auto bgr = std::uint32_t(initial.red() | initial.green() << 8 | initial.blue() << 16);
-    const auto chosen = files.pickColor(bgr);
-    if (!chosen)
-        return std::nullopt;
-    return QColor(int(*chosen & 0xFF), int(*chosen >> 8 & 0xFF), int(*chosen >> 16 & 0xFF));
-}
-
-} // namespace
 
 void frmToDo::makeNoteBar()
 {
