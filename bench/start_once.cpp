@@ -13,6 +13,7 @@
 #include "desktop/QtIcons.h"
 #include "desktop/QtQuestions.h"
 #include "desktop/QtShell.h"
+#include "desktop/QtSound.h"
 #include "memo/ScintillaView.h"
 
 #include <QApplication>
@@ -84,7 +85,8 @@ int main(int argc, char** argv)
     QtFileDialogs files;
     QtShell shell;
     const SystemClock clock;
-    const Desktop desktop{questions, files, shell, clock};
+    QtSound sound;
+    const Desktop desktop{questions, files, shell, clock, sound};
     OnlyInstance previous;
     modSnipVale program(questions, clock, shell);
     program.AppPath = QString::fromLocal8Bit(argv[1]);

@@ -14,6 +14,7 @@
 #include "desktop/QtIcons.h"
 #include "desktop/QtQuestions.h"
 #include "desktop/QtShell.h"
+#include "desktop/QtSound.h"
 #include "desktop/SocketInstance.h"
 
 #include <QApplication>
@@ -47,7 +48,7 @@ QtMessageHandler previousHandler = nullptr;
 // An offscreen platform complains of each thing that a display could do and it cannot.
 void withoutPlatformNoise(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
-    if (!text.startsWith("This plugin does not support"_L1))
+    if (!text.startsWith("This plugin does not support"_L1) && !text.contains("systemTrayWindowChanged"_L1))
         previousHandler(type, context, text);
 }
 
@@ -85,7 +86,8 @@ int runProgram(int argc, char** argv)
     QtFileDialogs files;
     QtShell shell;
     const SystemClock clock;
-    const Desktop desktop{questions, files, shell, clock};
+    QtSound sound;
+    const Desktop desktop{questions, files, shell, clock, sound};
     if (!trapErrors(questions, u"Main"_s, [&] { prepareHome(folders); }))
         return 1;
     SocketInstance previous(folders.home);

@@ -42,6 +42,7 @@ std::unique_ptr<frmMain> Main(modSnipVale& program, const Desktop& desktop, Prev
         frame = std::make_unique<frmMain>(program, desktop);
         frame->setWindowTitle(program.captionAtStart());
         frame->show();
+        frame->loadTray();
         previous.onBringToFront = [window = frame.get()] { window->bringToFront(); };
     });
     return frame;

@@ -2,136 +2,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Tour.h"
 
-#include "app/Startup.h"
-#include "app/TourDesktop.h"
-#include "app/frmMain.h"
-#include "app/modHome.h"
-#include "app/modSnipVale.h"
-#include "desktop/Clock.h"
+#include "app/TourWalk.h"
 #include "explorer/DragDrop.h"
 
 #include <QAction>
 #include <QComboBox>
 #include <QDialog>
-#include <QDir>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTextEdit>
 #include <QToolButton>
 #include <QTreeView>
 #include <cstdio>
-#include <stdexcept>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-template <typename Object>
-Object& find(QWidget& window, const char* name) // "" for any name
-{
-    auto* widget = window.findChild<Object*>(QString::fromLatin1(name));
-    if (!widget)
-        throw std::runtime_error(std::string("there is no ") + name);
-    return *widget;
-}
-
-void require(bool holds, const char* what)
-{
-    if (!holds)
-        throw std::runtime_error(what);
-}
-
-class Tour {
-public:
-    Tour(const QString& folder, const QString& shipped);
-    void run();
-
-private:
-    void start();
-    void picture(QWidget& window, const QString& name);
-    void step(const char* command, std::function<void(QWidget& window)> inWindow);
-    void selectCategory(const QString& name);
-    void newCategory();
-    void newMemo();
-    void reopenAndEdit(QWidget& window);
-    void findInCode(QWidget& window);
-    void newBookmark();
-    void search();
-    void dragMemo();
-    void restart();
-    QModelIndex category(const QString& name);
-
-    QDir m_folder;
-    QString m_shipped;
-    QTemporaryDir m_scratch;
-    int m_number = 0;
-    std::string m_failure; // of a step inside a modal window: nothing may be thrown through its event loop
-    TourQuestions m_questions;
-    TourFiles m_files;
-    TourShell m_shell;
-    TourInstance m_previous;
-    SystemClock m_clock;
-    Desktop m_desktop{m_questions, m_files, m_shell, m_clock};
-    std::unique_ptr<modSnipVale> m_program;
-    std::unique_ptr<frmMain> m_frame;
-};
-
-Tour::Tour(const QString& folder, const QString& shipped) : m_folder(folder), m_shipped(shipped)
-{
-    require(QDir().mkpath(folder), "the folder for the pictures cannot be made");
-    m_questions.onShown = [this](QWidget& box) { picture(box, u"message"_s); };
-}
-
-void Tour::picture(QWidget& window, const QString& name)
-{
-    settle();
-    const QString file = u"%1-%2.png"_s.arg(++m_number, 2, 10, QChar(u'0')).arg(name);
-    require(window.grab().save(m_folder.filePath(file)), "a picture cannot be written");
-}
-
-void Tour::start()
-{
-    const HomeFolders folders{m_scratch.filePath(u"home"_s), m_shipped};
-    prepareHome(folders);
-    m_program = std::make_unique<modSnipVale>(m_questions, m_clock, m_shell);
-    m_program->AppPath = folders.home;
-    m_frame = Main(*m_program, m_desktop, m_previous);
-    require(m_frame != nullptr, "the program did not start");
-    settle();
-}
-
-void Tour::step(const char* command, std::function<void(QWidget& window)> inWindow)
-{
-    whenModalShows([this, inWindow = std::move(inWindow)](QWidget& window) {
-        try {
-            inWindow(window);
-        } catch (const std::exception& error) {
-            m_failure = error.what();
-            window.close();
-        }
-    });
-    m_frame->runCommand(QString::fromLatin1(command));
-    settle();
-    if (!m_failure.empty())
-        throw std::runtime_error(m_failure);
-}
-
-QModelIndex Tour::category(const QString& name)
-{
-    const QAbstractItemModel& model = *find<QTreeView>(*m_frame, "tvTreeView").model();
-    const QModelIndexList found =
-        model.match(model.index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchExactly | Qt::MatchRecursive);
-    require(!found.isEmpty(), "a category is missing in the tree");
-    return found.first();
-}
-
-void Tour::selectCategory(const QString& name)
-{
-    find<QTreeView>(*m_frame, "tvTreeView").setCurrentIndex(category(name));
-    settle();
-}
 
 void Tour::newCategory()
 {
@@ -266,11 +151,11 @@ void Tour::run()
     newBookmark();
     search();
     dragMemo();
+    newToDo();
+    reminder();
     m_frame->CompactArchive();
     m_frame.reset();
 }
-
-} // namespace
 
 int runTour(const QString& folder, const QString& shipped)
 {

@@ -7,6 +7,7 @@
 #include "desktop/PreviousInstance.h"
 #include "desktop/QtQuestions.h"
 #include "desktop/Shell.h"
+#include "desktop/Sound.h"
 
 #include <QWidget>
 #include <deque>
@@ -43,6 +44,13 @@ private:
 class TourShell final : public Shell {
 public:
     bool open(const QString&) override { return true; }
+};
+
+class TourSound final : public Sound {
+public:
+    int waveDevices() override { return 1; }
+    void play(const QString&) override { }
+    void beep() override { }
 };
 
 class TourInstance final : public PreviousInstance {

@@ -6,16 +6,15 @@
 #include "app/modSnipVale.h"
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
-#include "desktop/QtIcons.h"
 #include "desktop/Questions.h"
 #include "explorer/BookmarkPane.h"
 #include "explorer/MemoPane.h"
 #include "explorer/SearchPane.h"
 #include "explorer/ToDoPane.h"
 #include "explorer/frmSnipValeS.h"
+#include "tasks/AlarmWindows.h"
+#include "tasks/frmSysTray.h"
 
-#include <QCloseEvent>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
 #include <QStackedWidget>
@@ -39,7 +38,7 @@ constexpr ViewBar viewBars[] = {{u"Memo", u"barMemo"}, {u"Password", u"barPasswo
 
 frmMain::frmMain(modSnipVale& program, const Desktop& desktop)
     : m_program(program), m_desktop(desktop), m_bars(new CommandBars(*this)), m_views(new QStackedWidget(this)),
-      m_memo(program.archive), m_bookmark(program.archive), m_category(program.archive)
+      m_memo(program.archive), m_bookmark(program.archive), m_toDo(program.archive), m_category(program.archive)
 {
     setObjectName(u"frmMain"_s);
     setCentralWidget(m_views);
@@ -49,6 +48,7 @@ frmMain::frmMain(modSnipVale& program, const Desktop& desktop)
     makeCommands();
     TimerTask.setObjectName(u"TimerTask"_s);
     TimerTask.setParent(this);
+    makeReminders();
     TimerTask.start(taskInterval);
     showView(u"Memo"_s);
     setWindowTitle(m_program.captionWithPath());
@@ -179,6 +179,7 @@ void frmMain::showBarOf(const QString& view)
 
 void frmMain::closeViews()
 {
+    m_alarms->closeAll();
     delete m_explorer;
     m_explorer = nullptr;
 }
@@ -208,33 +209,4 @@ void frmMain::popupMenu(const QString& name, const QPoint& screenPosition)
 {
     if (QMenu* menu = m_bars->menu(name))
         menu->popup(screenPosition);
-}
-
-void frmMain::bringToFront()
-{
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
-}
-
-void frmMain::closeWithoutWords()
-{
-    m_silentClose = true;
-    close();
-}
-
-void frmMain::closeEvent(QCloseEvent* event)
-{
-    if (!m_silentClose && !qGuiApp->isSavingSession())
-        m_desktop.questions.ask(u"Bye from SnipVale"_s, MessageStyle::Plain);
-    event->accept();
-    QCoreApplication::quit();
-}
-
-void frmMain::changeEvent(QEvent* event)
-{
-    QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        setUpIconTheme();
 }

@@ -7,14 +7,18 @@
 #include "desktop/FrameServices.h"
 #include "memo/cBookmark.h"
 #include "memo/cMemo.h"
+#include "tasks/cToDo.h"
 
 #include <QMainWindow>
 #include <QTimer>
+#include <memory>
 
+class AlarmWindows;
 class CommandBars;
 class QLabel;
 class QStackedWidget;
 class frmSnipValeS;
+class frmSysTray;
 class modSnipVale;
 struct Desktop;
 
@@ -30,8 +34,9 @@ public:
     void OpenArchive();
     void SaveArchiveAs();
     void CompactArchive();
-    void bringToFront();
-    void closeWithoutWords(); // the end of a session or of a tour: no farewell
+    void loadTray(); // at the start, once the frame is shown, and again for another archive
+    void leave(); // ends the program; the close box only hides the frame
+    void bringToFront(); // from wherever it is: minimised, hidden, behind others
 
     // FrameServices
     void enableCommand(const QString& name, bool enabled) override;
@@ -51,6 +56,7 @@ private:
     void makeArchiveCommands();
     void makeViewCommands();
     void makeExplorerCommands();
+    void makeReminders();
     void handle(const QString& tool, const QString& routine, std::function<void()> action);
     void showBarOf(const QString& view);
     void closeViews();
@@ -67,9 +73,12 @@ private:
     cViewFilter m_viewFilter;
     cMemo m_memo;
     cBookmark m_bookmark;
+    cToDo m_toDo;
     cCategory m_category;
 
     frmSnipValeS* m_explorer = nullptr; // null while it is not loaded
+    AlarmWindows* m_alarms = nullptr;
+    std::unique_ptr<frmSysTray> m_tray; // null until it is loaded
     QString m_viewInFront;
-    bool m_silentClose = false;
+    bool m_isLeaving = false;
 };

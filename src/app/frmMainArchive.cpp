@@ -28,7 +28,7 @@ void frmMain::makeArchiveCommands()
     handle(u"miFileOpen"_s, u"OpenArchive"_s, [this] { OpenArchive(); });
     handle(u"miFileSaveAs"_s, u"SaveArchiveAs"_s, [this] { SaveArchiveAs(); });
     handle(u"miFileCompactDB"_s, u"CompactArchive"_s, [this] { CompactArchive(); });
-    handle(u"miFileExit"_s, u"ActiveBar21_Click"_s, [this] { close(); });
+    handle(u"miFileExit"_s, u"ActiveBar21_Click"_s, [this] { leave(); });
 }
 
 // For this run only: the settings keep naming the archive of the next start.
@@ -43,6 +43,7 @@ void frmMain::OpenArchive()
     closeViews();
     for (const QString& bar : {u"barMemo"_s, u"barPassword"_s, u"barNote"_s})
         m_bars->bar(bar)->hide();
+    loadTray();
     UpdateArchiveVersion(m_program.archive);
     showView(u"Memo"_s);
     setStatus(u"SnipVale"_s);

@@ -30,7 +30,7 @@ void prepareHome(const HomeFolders& folders)
     if (!QDir().mkpath(folders.home))
         fail(u"Cannot make the folder %1."_s.arg(folders.home));
     // The settings file comes last: a home without one was left half made, and says so at the next start.
-    for (const QString& name : {u"snipvale.SVA"_s, u"snipvale.ini"_s}) {
+    for (const QString& name : {u"snipvale.SVA"_s, u"alert.wav"_s, u"snipvale.ini"_s}) {
         const QString target = folders.home + u'/' + name;
         QFile source(folders.shipped + u'/' + name);
         if (!source.copy(target))

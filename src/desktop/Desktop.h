@@ -7,6 +7,7 @@ class FileDialogs;
 class FrameServices;
 class Questions;
 class Shell;
+class Sound;
 
 // The outside world as one window gets it. All outlive the window.
 struct Desktop {
@@ -14,4 +15,5 @@ struct Desktop {
     FileDialogs& files;
     Shell& shell;
     const Clock& clock;
+    Sound& sound;
 };

@@ -44,6 +44,12 @@ void ToDoPane::clear()
     m_model->setRows({});
 }
 
+void ToDoPane::rowsChanged()
+{
+    if (view().isVisibleTo(view().window()))
+        refill();
+}
+
 void ToDoPane::deleteRows(const QString& ids)
 {
     deleteToDos(context().archive, ids);

@@ -20,6 +20,7 @@ public:
     void DeleteToDo() { deleteElements(); } // all selected ones, after a question
     void ToDoIncreasePriority(); // of the selected one, by one step
     void ToDoDecreasePriority();
+    void rowsChanged(); // elsewhere: what is seen is read again
     void clear() override;
 
 protected:

@@ -85,6 +85,7 @@ bool AlarmWindows::open(qint32 todoID, QString& error)
     if (!form->ShowAlert(error))
         return false;
     place(*form);
+    connect(form.get(), &QDialog::accepted, this, &AlarmWindows::answered);
     connect(form.get(), &QDialog::finished, this, &AlarmWindows::closed);
     form->show();
     form->raise();

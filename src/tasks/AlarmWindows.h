@@ -30,6 +30,7 @@ public:
     bool open(qint32 todoID, QString& error) override;
 
 signals:
+    void answered(); // a row was changed by a pop-up
     void pendingChanged(bool isPending); // a reminder waits for an answer, or none any more
 
 private:

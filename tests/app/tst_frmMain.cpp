@@ -67,7 +67,8 @@ struct Program {
     ManualClock clock;
     ScriptedFiles files;
     ScriptedShell shell;
-    Desktop desktop{questions, files, shell, clock};
+    FakeSound sound;
+    Desktop desktop{questions, files, shell, clock, sound};
     FakeInstance previous;
     std::unique_ptr<modSnipVale> program;
     std::unique_ptr<frmMain> frame;
@@ -98,7 +99,8 @@ private slots:
     void compact();
     void compactThatFails();
     void damagedArchiveIsRepaired();
-    void farewell();
+    void closeBoxAndExit();
+    void reminders();
 };
 
 void tst_frmMain::tablesAgree()
@@ -382,14 +384,57 @@ void tst_frmMain::damagedArchiveIsRepaired()
     QVERIFY2(kept.toInt() >= 290 && kept.toInt() < 300, qPrintable(kept));
 }
 
-void tst_frmMain::farewell()
+// A desktop without a notification area: the close box minimises, so that the frame can be found again.
+void tst_frmMain::closeBoxAndExit()
 {
     Program p;
     p.startFresh();
+    p.frame->close();
+    QVERIFY(p.frame->isVisible() && p.frame->isMinimized());
+    p.previous.onBringToFront();
+    QVERIFY(p.frame->isVisible() && !p.frame->isMinimized());
     p.questions.expect(bye);
     p.frame->ActiveBar21_Click(u"miFileExit"_s);
     QCOMPARE(p.questions.asked.last().style, MessageStyle::Plain);
     QVERIFY(!p.frame->isVisible());
+}
+
+// From the task timer to the answer: the list that is seen shows it, another archive takes the open pop-ups away.
+void tst_frmMain::reminders()
+{
+    Program p;
+    p.startFresh();
+    {
+        ArchiveUnit unit(p.program->archive);
+        const auto category =
+            unit.Open(u"SELECT categoryID FROM tab_category WHERE type = 2"_s).integer(u"categoryID"_s);
+        unit.Execute(u"INSERT INTO tab_todo (categoryID, name, alarmOn, alarmDate) VALUES (%1, 'Call', 1, "
+                     "'2026-3-4 9:4:59')"_s.arg(category));
+    }
+    p.tree().setCurrentIndex(p.tree().model()->index(2, 0, p.tree().model()->index(0, 0)));
+    const auto hasAlarmIcon = [&] {
+        const auto* list = p.frame->findChild<QTreeView*>(u"lvwToDo"_s)->model();
+        return list->rowCount() == 1 && !list->index(0, 1).data(Qt::DecorationRole).isNull();
+    };
+    QVERIFY(hasAlarmIcon());
+    const auto popup = [] {
+        const QWidgetList all = QApplication::topLevelWidgets();
+        const auto found = std::find_if(all.begin(), all.end(), [](const QWidget* window) {
+            return window->objectName() == "frmAlarm"_L1 && window->isVisible();
+        });
+        return found == all.end() ? nullptr : *found;
+    };
+    const auto tick = [&] { QMetaObject::invokeMethod(p.frame->findChild<QTimer*>(u"TimerTask"_s), "timeout"); };
+    tick();
+    QTRY_VERIFY(popup());
+    p.files.answers = {p.scratch.path()};
+    p.frame->OpenArchive();
+    QVERIFY(!popup());
+    p.tree().setCurrentIndex(p.tree().model()->index(2, 0, p.tree().model()->index(0, 0)));
+    tick();
+    QTRY_VERIFY(popup());
+    popup()->findChild<QAbstractButton*>(u"cmdOK"_s)->click();
+    QVERIFY(!popup() && !hasAlarmIcon());
 }
 
 QTEST_MAIN(tst_frmMain)

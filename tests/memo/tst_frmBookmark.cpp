@@ -252,7 +252,7 @@ void tst_frmBookmark::visiting()
     QVERIFY(!e.get<QPushButton>("cmdGo").isEnabled());
 
     EmptyShell none;
-    const Desktop desktop{e.questions, e.files, none, e.clock};
+    const Desktop desktop{e.questions, e.files, none, e.clock, e.sound};
     e.filter.EditingModeBookmarkID = e.insert(u"n"_s, QString());
     frmBookmark editor({e.archive, desktop, e.filter, e.bookmark, e.listener}, nullptr);
     QVERIFY(editor.Form_Load());

@@ -5,7 +5,9 @@
 #include "archive/Archive.h"
 #include "desktop/Clock.h"
 #include "desktop/Questions.h"
+#include "desktop/Sound.h"
 
+#include <QStringList>
 #include <QTemporaryDir>
 #include <deque>
 
@@ -32,6 +34,16 @@ class ManualClock : public Clock {
 public:
     QDateTime now() const override { return moment; }
     QDateTime moment{QDate(2026, 3, 4), QTime(9, 5, 0)};
+};
+
+// Remembers what was heard.
+class FakeSound : public Sound {
+public:
+    int waveDevices() override { return devices; }
+    void play(const QString& waveFile) override { heard.append(waveFile); }
+    void beep() override { heard.append(QStringLiteral("beep")); }
+    int devices = 1;
+    QStringList heard;
 };
 
 // A copy of the shipped archive in a folder of its own, opened by nobody yet.

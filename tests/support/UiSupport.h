@@ -60,7 +60,8 @@ struct UiFixture : ArchiveFixture {
     ScriptedFiles files;
     ScriptedShell shell;
     FakeFrame frame;
-    Desktop desktop{questions, files, shell, clock};
+    FakeSound sound;
+    Desktop desktop{questions, files, shell, clock, sound};
 };
 
 // Runs `step` when the next modal window is up. The step must close it.

@@ -5,20 +5,7 @@
 #include "support/CoreSupport.h"
 
 #include "archive/modSchema.h"
-#include "desktop/Sound.h"
 #include "tasks/cToDo.h"
-
-#include <QStringList>
-
-// Remembers what was heard.
-class FakeSound : public Sound {
-public:
-    int waveDevices() override { return devices; }
-    void play(const QString& waveFile) override { heard.append(waveFile); }
-    void beep() override { heard.append(QStringLiteral("beep")); }
-    int devices = 1;
-    QStringList heard;
-};
 
 // An archive that was started once, and to-dos with reminders.
 struct AlarmFixture : ArchiveFixture {

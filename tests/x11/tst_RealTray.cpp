@@ -5,7 +5,10 @@
 #include "x11/RealDesktop.h"
 #include "x11/RealPointer.h"
 
-#include "tasks/AlarmWindows.h"
+#include "app/Startup.h"
+#include "app/frmMain.h"
+#include "app/modSnipVale.h"
+#include "desktop/PreviousInstance.h"
 #include "tasks/frmAlarm.h"
 #include "tasks/frmSysTray.h"
 
@@ -15,33 +18,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A main window that hands its events to the icon, as the frame does.
-class MainWindow : public QMainWindow {
+class NoInstance : public PreviousInstance {
 public:
-    MainWindow()
-    {
-        resize(500, 300);
-        move(100, 150);
-        setCentralWidget(new QPlainTextEdit(this));
-    }
-    QPlainTextEdit& text() { return *static_cast<QPlainTextEdit*>(centralWidget()); }
-    frmSysTray* tray = nullptr;
-    bool isLeft = false;
-
-protected:
-    void closeEvent(QCloseEvent* event) override
-    {
-        bool cancel = false;
-        tray->MeQueryUnload(*this, cancel, event->spontaneous() ? UnloadReason::CloseBox : UnloadReason::Code);
-        event->setAccepted(!cancel);
-        isLeft = !cancel;
-    }
-    void changeEvent(QEvent* event) override
-    {
-        QMainWindow::changeEvent(event);
-        if (event->type() == QEvent::WindowStateChange)
-            tray->MeResize(*this);
-    }
+    bool isRunning() const override { return false; }
+    void bringToFront() override { }
 };
 
 // Buttons of openbox's title bar, from its upper right corner.
@@ -80,28 +60,54 @@ private:
     }
     void chooseInMenu(const QString& entry);
 
-    ScriptedQuestions m_questions;
-    std::unique_ptr<MainWindow> m_window;
-    std::unique_ptr<frmSysTray> m_tray;
+    bool isLeft() const { return m_fixture->questions.asked.size() > 0; }
+    void leaveThroughMenu();
+    QLineEdit& text() { return *m_window->findChild<QLineEdit*>(u"txtSearchText"_s); }
+    void tick() { QMetaObject::invokeMethod(m_window->findChild<QTimer*>(u"TimerTask"_s), "timeout"); }
+
+    struct Fixture : AlarmFixture {
+        ScriptedFiles files;
+        ScriptedShell shell;
+        FakeSound sound;
+        Desktop desktop{questions, files, shell, clock, sound};
+        NoInstance previous;
+        modSnipVale program{questions, clock, shell};
+    };
+    std::unique_ptr<Fixture> m_fixture;
+    std::unique_ptr<frmMain> m_window;
+    frmSysTray* m_tray = nullptr;
     QProcess m_host;
 };
 
 void tst_RealTray::init()
 {
-    m_window = std::make_unique<MainWindow>();
+    m_fixture = std::make_unique<Fixture>();
+    QFile ini(m_fixture->scratch.path(u"snipvale.ini"_s));
+    QVERIFY(ini.open(QIODevice::WriteOnly) && ini.write("[setup]\ndbfullpath=scratch.SVA\n") > 0);
+    ini.close();
+    m_fixture->program.AppPath = m_fixture->scratch.folder();
+    m_window = Main(m_fixture->program, m_fixture->desktop, m_fixture->previous);
+    QVERIFY(m_window);
     m_window->setWindowTitle(u"Main under test"_s);
-    m_tray = std::make_unique<frmSysTray>(
-        TrayOwner{*m_window, [] {}, [] { return false; }, [this] { m_window->close(); }}, m_questions);
-    m_window->tray = m_tray.get();
-    m_tray->Load(u"/data/mine.SVA"_s);
-    m_window->show();
+    m_window->setGeometry(100, 150, 900, 500);
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* tray = qobject_cast<frmSysTray*>(window))
+            m_tray = tray;
     QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
 }
 
 void tst_RealTray::cleanup()
 {
-    m_tray.reset();
     m_window.reset();
+    m_fixture.reset();
+}
+
+void tst_RealTray::leaveThroughMenu()
+{
+    m_fixture->questions.expect(u"Bye from SnipVale"_s);
+    chooseInMenu(u"mExit"_s);
+    QTRY_VERIFY(isLeft());
+    QVERIFY(m_window->isHidden());
 }
 
 void tst_RealTray::startTray()
@@ -112,6 +118,8 @@ void tst_RealTray::startTray()
             u"--SetDockType true --edge bottom --align right --widthtype request --height 24"_s.split(u' '));
     QTRY_VERIFY_WITH_TIMEOUT(QSystemTrayIcon::isSystemTrayAvailable(), 10000);
     QTRY_VERIFY_WITH_TIMEOUT(m_tray->findChild<QSystemTrayIcon*>()->geometry().width() > 8, 10000);
+    for (QPoint before; icon() != before; QTest::qWait(200)) // the host lays its icons out as they come and go
+        before = icon();
 }
 
 int tst_RealTray::onDesktop(const QString& title)
@@ -144,14 +152,14 @@ void tst_RealTray::withoutANotificationArea()
     QVERIFY(!QSystemTrayIcon::isSystemTrayAvailable());
     clickTitleBar(closeBox);
     QTRY_VERIFY(m_window->isMinimized());
-    QVERIFY(!m_window->isHidden() && !m_window->isLeft);
+    QVERIFY(!m_window->isHidden() && !isLeft());
     m_window->showNormal();
     QTRY_COMPARE(onDesktop(m_window->windowTitle()), 1);
     QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
     startTray(); // only now
     clickTitleBar(closeBox);
     QTRY_VERIFY(m_window->isHidden());
-    QVERIFY(!m_window->isLeft);
+    QVERIFY(!isLeft());
     m_host.kill(); // a panel that ends takes the only way back with it
     QTRY_VERIFY_WITH_TIMEOUT(m_window->isVisible() && m_window->isMinimized(), 8000);
     QCOMPARE(onDesktop(m_window->windowTitle()), 0);
@@ -178,10 +186,10 @@ void tst_RealTray::closeBoxAndBack()
         QTRY_COMPARE(onDesktop(m_window->windowTitle()), 1);
         QTRY_VERIFY(m_window->isMaximized() && m_window->isActiveWindow());
         m_window->showNormal();
-        QTRY_VERIFY(m_window->width() < 700);
+        QTRY_VERIFY(m_window->width() < 1000);
         QTest::qWait(300); // as long as a double click: the next one is of its own
     }
-    QVERIFY(!m_window->isLeft);
+    leaveThroughMenu();
 }
 
 void tst_RealTray::minimizeAndMenu()
@@ -192,39 +200,33 @@ void tst_RealTray::minimizeAndMenu()
     QTRY_COMPARE(onDesktop(m_window->windowTitle()), 0);
     chooseInMenu(u"mMaximize"_s);
     QTRY_COMPARE(onDesktop(m_window->windowTitle()), 1);
-    QTRY_VERIFY(m_window->width() > 1000);
-    chooseInMenu(u"mExit"_s);
-    QTRY_VERIFY(m_window->isLeft);
-    m_window->isLeft = false;
-    m_window->show();
+    QTRY_VERIFY(m_window->width() > 1200);
     chooseInMenu(u"mMinimize"_s);
     QTRY_VERIFY(m_window->isHidden());
-    chooseInMenu(u"mExit"_s); // also from there
-    QTRY_VERIFY(m_window->isLeft);
+    leaveThroughMenu(); // also from there
 }
 
 // Somebody types while reminders arrive, and goes on typing.
 void tst_RealTray::popupsDoNotTakeTheKeyboard()
 {
-    AlarmFixture f;
-    FakeSound sound;
-    AlarmWindows alarms(f.archive, sound, f.scratch.folder(), nullptr);
+    Fixture& f = *m_fixture;
     f.addMany(3);
-    QString typed;
-    m_window->text().setFocus();
+    m_window->runCommand(u"Search"_s);
+    text().setFocus();
+    QTRY_VERIFY(text().hasFocus());
     QProcess hands;
     hands.start(u"xdotool"_s,
                 {u"type"_s, u"--delay"_s, u"40"_s, u"one two three four five six seven eight nine ten"_s});
-    QTRY_VERIFY(m_window->text().toPlainText().size() > 8);
-    alarms.check();
+    QTRY_VERIFY(text().text().size() > 8);
+    tick();
     QTRY_COMPARE(onDesktop(u"SnipVale alarm"_s), 3);
     QTRY_COMPARE_WITH_TIMEOUT(hands.state(), QProcess::NotRunning, 10000);
-    QTRY_COMPARE(m_window->text().toPlainText(), u"one two three four five six seven eight nine ten"_s);
+    QTRY_COMPARE(text().text(), u"one two three four five six seven eight nine ten"_s);
     QVERIFY(m_window->isActiveWindow());
     // They lie above the window that is worked in, and their buttons answer to the pointer.
     m_window->raise();
     m_window->showMaximized();
-    QTRY_VERIFY(m_window->width() > 1000);
+    QTRY_VERIFY(m_window->width() > 1200);
     for (int left = 3; left > 0; --left) {
         frmAlarm* top = nullptr;
         for (QWidget* window : QApplication::topLevelWidgets())
@@ -241,14 +243,11 @@ void tst_RealTray::popupsDoNotTakeTheKeyboard()
 void tst_RealTray::popupsOverAHiddenWindow()
 {
     startTray();
-    AlarmFixture f;
-    FakeSound sound;
-    AlarmWindows alarms(f.archive, sound, f.scratch.folder(), nullptr);
-    connect(&alarms, &AlarmWindows::pendingChanged, m_tray.get(), &frmSysTray::flash);
+    Fixture& f = *m_fixture;
     f.addMany(1);
     clickTitleBar(closeBox);
     QTRY_COMPARE(onDesktop(m_window->windowTitle()), 0);
-    alarms.check();
+    tick();
     QTRY_COMPARE(onDesktop(u"SnipVale alarm"_s), 1);
     QVERIFY(m_tray->findChild<QTimer*>(u"TmrFlash"_s)->isActive());
     click(QPoint(5, 5), {u"key"_s, u"Escape"_s}); // on the bare desktop: it is not for the pop-up
@@ -259,7 +258,7 @@ void tst_RealTray::popupsOverAHiddenWindow()
             form->close();
     QTRY_COMPARE(onDesktop(u"SnipVale alarm"_s), 0);
     QVERIFY(!m_tray->findChild<QTimer*>(u"TmrFlash"_s)->isActive());
-    QVERIFY(m_window->isHidden() && !m_window->isLeft);
+    QVERIFY(m_window->isHidden() && !isLeft());
 }
 
 int main(int argc, char** argv)

@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The frame's life beside the desktop: reminders, the notification area, hiding, coming back and leaving.
+#include "app/CommandBars.h"
+#include "app/frmMain.h"
+#include "app/modSnipVale.h"
+#include "desktop/Desktop.h"
+#include "desktop/QtIcons.h"
+#include "desktop/Questions.h"
+#include "explorer/ToDoPane.h"
+#include "explorer/frmSnipValeS.h"
+#include "tasks/AlarmWindows.h"
+#include "tasks/frmSysTray.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QGuiApplication>
+
+using namespace Qt::StringLiterals;
+
+void frmMain::makeReminders()
+{
+    m_alarms = new AlarmWindows(m_program.archive, m_desktop.sound, m_program.AppPath, this);
+    connect(&TimerTask, &QTimer::timeout, m_alarms, &AlarmWindows::check);
+    connect(m_alarms, &AlarmWindows::answered, this, [this] {
+        if (m_explorer)
+            m_explorer->toDos().rowsChanged();
+    });
+    connect(m_alarms, &AlarmWindows::pendingChanged, this, [this](bool isPending) {
+        if (m_tray)
+            m_tray->flash(isPending);
+    });
+}
+
+// The icon is made after the frame is on the screen: asking the desktop for a notification area takes a moment.
+void frmMain::loadTray()
+{
+    if (!m_tray)
+        m_tray = std::make_unique<frmSysTray>(
+            TrayOwner{*this, [this] { runCommand(u"miHelpAbout"_s); },
+                      [this] { return m_bars->action(u"miHelpAbout"_s)->isEnabled(); }, [this] { leave(); }},
+            m_desktop.questions);
+    m_tray->Load(m_program.archive.ArchivePath());
+}
+
+void frmMain::leave()
+{
+    m_isLeaving = true;
+    close();
+    m_isLeaving = false;
+}
+
+void frmMain::closeEvent(QCloseEvent* event)
+{
+    const UnloadReason reason = m_isLeaving ? UnloadReason::Code
+        : qGuiApp->isSavingSession()        ? UnloadReason::SessionEnd
+                                            : UnloadReason::CloseBox;
+    bool cancel = false;
+    if (m_tray)
+        m_tray->MeQueryUnload(*this, cancel, reason);
+    event->setAccepted(!cancel);
+    if (cancel)
+        return;
+    if (reason != UnloadReason::SessionEnd)
+        m_desktop.questions.ask(u"Bye from SnipVale"_s, MessageStyle::Plain);
+    TimerTask.stop();
+    m_alarms->closeAll();
+    if (m_tray)
+        m_tray->MeUnload();
+    QCoreApplication::exit(); // quit() would first ask each window that is still there
+}
+
+void frmMain::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        setUpIconTheme();
+    if (event->type() == QEvent::WindowStateChange && m_tray)
+        m_tray->MeResize(*this);
+}
+
+void frmMain::bringToFront()
+{
+    if (isHidden() && m_tray)
+        overrideWindowState(m_tray->lastState()); // no window manager knows of a hidden one
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
