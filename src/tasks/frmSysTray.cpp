@@ -10,6 +10,7 @@
 #include <QEvent>
 #include <QImageReader>
 #include <QMenu>
+#include <QWindow>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -237,6 +238,9 @@ void frmSysTray::MeResize(QWidget& window)
 
 void frmSysTray::hideToTray(QWidget& window)
 {
+    // A place of its own, or the window manager chooses another one when it comes back.
+    if (QWindow* handle = window.windowHandle(); handle && !m_lastState.testFlag(Qt::WindowMaximized))
+        handle->setGeometry(handle->geometry());
     window.hide();
     m_watch->start(watchInterval);
 }

@@ -44,6 +44,7 @@ private slots:
     }
     void withoutANotificationArea();
     void closeBoxAndBack();
+    void secondStartBringsItBack();
     void minimizeAndMenu();
     void popupsDoNotTakeTheKeyboard();
     void popupsOverAHiddenWindow();
@@ -89,7 +90,7 @@ void tst_RealTray::init()
     m_window = Main(m_fixture->program, m_fixture->desktop, m_fixture->previous);
     QVERIFY(m_window);
     m_window->setWindowTitle(u"Main under test"_s);
-    m_window->setGeometry(100, 150, 900, 500);
+    m_window->resize(900, 500); // the window manager places it
     for (QWidget* window : QApplication::topLevelWidgets())
         if (auto* tray = qobject_cast<frmSysTray*>(window))
             m_tray = tray;
@@ -190,6 +191,20 @@ void tst_RealTray::closeBoxAndBack()
         QTest::qWait(300); // as long as a double click: the next one is of its own
     }
     leaveThroughMenu();
+}
+
+void tst_RealTray::secondStartBringsItBack()
+{
+    startTray();
+    const QRect place = m_window->geometry();
+    clickTitleBar(closeBox);
+    QTRY_COMPARE(onDesktop(m_window->windowTitle()), 0);
+    m_fixture->previous.onBringToFront();
+    QTRY_COMPARE(onDesktop(m_window->windowTitle()), 1);
+    QTRY_VERIFY(m_window->isActiveWindow());
+    QTest::qWait(300); // for the window manager's last word
+    QCOMPARE(m_window->geometry(), place);
+    QVERIFY(!m_window->isMaximized());
 }
 
 void tst_RealTray::minimizeAndMenu()
