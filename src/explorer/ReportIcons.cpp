@@ -3,24 +3,20 @@
 #include "explorer/ReportIcons.h"
 
 #include "desktop/QtIcons.h"
+#include "tasks/ToDoIcons.h"
 
-#include <QColor>
 #include <QHash>
 
 using namespace Qt::StringLiterals;
 
 QIcon reportIcon(const QString& key)
 {
-    // Dots of growing warmth for the priorities: no theme has pictures for six levels.
     static const QHash<QString, QIcon> icons = {
-        {u"memo"_s, themedIcon(u"format-text-code"_s)},    {u"bookmark"_s, themedIcon(u"bookmarks"_s)},
-        {u"todo"_s, themedIcon(u"view-task"_s)},           {u"alarm"_s, themedIcon(u"appointment-reminder"_s)},
-        {u"lowest"_s, dotIcon(QColor(0xBD, 0xC3, 0xC7))},  {u"low"_s, dotIcon(QColor(0x3D, 0xAE, 0xE9))},
-        {u"normal"_s, dotIcon(QColor(0x27, 0xAE, 0x60))},  {u"high"_s, dotIcon(QColor(0xF6, 0x74, 0x00))},
-        {u"highest"_s, dotIcon(QColor(0xED, 0x15, 0x15))}, {u"urgent"_s, dotIcon(QColor(0xB0, 0x1E, 0x6E))},
-        {u"created"_s, themedIcon(u"document-new"_s)},     {u"inprogress"_s, themedIcon(u"media-playback-start"_s)},
-        {u"completed"_s, themedIcon(u"task-complete"_s)},  {u"paused"_s, themedIcon(u"media-playback-pause"_s)},
-        {u"cancelled"_s, themedIcon(u"dialog-cancel"_s)},
+        {u"memo"_s, themedIcon(u"format-text-code"_s)},
+        {u"bookmark"_s, themedIcon(u"bookmarks"_s)},
+        {u"todo"_s, themedIcon(u"view-task"_s)},
+        {u"alarm"_s, themedIcon(u"appointment-reminder"_s)},
     };
-    return icons.value(key);
+    const auto found = icons.find(key);
+    return found == icons.end() ? toDoIcon(key) : *found;
 }

@@ -8,6 +8,8 @@
 #include "desktop/Clock.h"
 #include "tasks/modToDo.h"
 
+#include <algorithm>
+#include <limits>
 #include <type_traits>
 
 using namespace Qt::StringLiterals;
@@ -47,8 +49,10 @@ bool cToDo::Load()
         if (row.eof())
             return;
         const auto number = [&](const QString& column, auto& field) {
+            using Field = std::remove_reference_t<decltype(field)>;
+            using Range = std::numeric_limits<Field>; // another program may have written more than fits
             if (!row.isNull(column))
-                field = std::remove_reference_t<decltype(field)>(row.integer(column));
+                field = Field(std::clamp<qint64>(row.integer(column), Range::min(), Range::max()));
         };
         const auto moment = [&](const QString& column) { return row.moment(row.index(column)); };
         number(u"ToDoID"_s, ToDoID);
