@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+class Clipboard;
 class Clock;
 class FileDialogs;
 class FrameServices;
+class Printing;
 class Questions;
 class Shell;
 class Sound;
@@ -16,4 +18,6 @@ struct Desktop {
     Shell& shell;
     const Clock& clock;
     Sound& sound;
+    Printing& printing;
+    Clipboard& clipboard; // for secrets
 };

@@ -3,6 +3,7 @@
 #include "explorer/ElementListModel.h"
 
 #include "archive/SqlText.h"
+#include "desktop/QtToolTip.h"
 
 #include <algorithm>
 #include <numeric>
@@ -73,7 +74,7 @@ QVariant ElementListModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return cellText(element, index.column());
     case Qt::ToolTipRole: // plain text, and no more of it than fits a tip
-        return cellText(element, index.column()).left(1000).toHtmlEscaped();
+        return plainToolTip(cellText(element, index.column()).left(1000));
     case Qt::DecorationRole:
         return cellIcon(element, index.column());
     case KeyRole:

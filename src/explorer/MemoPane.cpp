@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/MemoPane.h"
 
+#include "archive/SqlText.h"
 #include "archive/cCategory.h"
 #include "archive/cViewFilter.h"
 #include "explorer/MemoListModel.h"
+#include "memo/MemoPrint.h"
 #include "memo/frmSnipVale.h"
 
 using namespace Qt::StringLiterals;
@@ -17,7 +19,8 @@ MemoPane::MemoPane(ElementListView& view, const ExplorerContext& context, Elemen
 
 MemoPane::MemoPane(MemoListModel* model, ElementListView& view, const ExplorerContext& context,
                    ElementListener& listener, SortDirection& sort, QObject* parent)
-    : ElementPane(view, *model, context, listener, sort, {u"Memo"_s, u"Memo -  items: "_s, {}, {60, 26}}, parent),
+    : ElementPane(view, *model, context, listener, sort,
+                  {u"Memo"_s, u"Memo -  items: "_s, {u"miMemoPrint"_s, u"miMemoPrintPreview"_s}, {60, 26}}, parent),
       m_model(model)
 {
 }
@@ -50,4 +53,24 @@ void MemoPane::showEditor(QWidget& window)
 void MemoPane::MemoDelete(const QString& ids)
 {
     deleteMemos(context().archive, ids);
+}
+
+QList<qint32> MemoPane::selectedIds() const
+{
+    QList<qint32> ids;
+    if (view().isVisibleTo(view().window())) {
+        for (const QString& key : view().selectedKeys())
+            ids.append(leadingNumber(key));
+    }
+    return ids;
+}
+
+void MemoPane::PrintMemo()
+{
+    printMemos(view().window(), context().archive, context().desktop, selectedIds());
+}
+
+void MemoPane::PreviewMemo()
+{
+    previewMemos(view().window(), context().archive, context().desktop, selectedIds());
 }

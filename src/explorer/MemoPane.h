@@ -19,6 +19,8 @@ public:
     void ModifyMemo() { modifyElement(); } // the selected one
     void DeleteMemo() { deleteElements(); } // all selected ones, after a question
     void MemoDelete(const QString& ids); // throws jet::Error
+    void PrintMemo(); // all selected ones, each on pages of its own
+    void PreviewMemo();
     void clear() override;
 
 protected:
@@ -30,5 +32,6 @@ protected:
 private:
     MemoPane(MemoListModel* model, ElementListView& view, const ExplorerContext& context, ElementListener& listener,
              SortDirection& sort, QObject* parent);
+    QList<qint32> selectedIds() const; // none while another list is in front
     MemoListModel* m_model;
 };

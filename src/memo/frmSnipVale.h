@@ -15,6 +15,7 @@ class cScintilla;
 class cViewFilter;
 class frmScintillaFind;
 struct Desktop;
+struct PrintedMemo;
 
 namespace Ui {
 class frmSnipVale;
@@ -40,7 +41,9 @@ public:
     // a save would write the fields of another memo.
     bool Form_Load();
 
-    void PrintDoc(); // the notes, through the print dialog
+    // The memo as it stands in the controls, saved or not: through the print dialog, and on the screen first.
+    void PrintDoc();
+    void PreviewDoc();
     bool isDirty() const { return m_isDirty; }
 
 public slots:
@@ -53,6 +56,7 @@ protected:
 private:
     void makeCodeEditor();
     void makeCodeBar();
+    void makePrintMenu();
     void makeNoteBar();
     void wireFields();
     void wirePanes();
@@ -74,6 +78,8 @@ private:
     void openCodeFile();
     void saveCodeFile();
     void openNoteFile();
+    void printNotes();
+    PrintedMemo printed() const;
     void showFind();
     void setPanes(int openingState);
 

@@ -8,6 +8,7 @@
 #include "desktop/QtColor.h"
 #include "desktop/QtIcons.h"
 #include "desktop/Questions.h"
+#include "memo/MemoPrint.h"
 #include "memo/ScintillaView.h"
 #include "memo/cMemo.h"
 #include "memo/cScintilla.h"
@@ -16,10 +17,10 @@
 #include "memo/modTextFile.h"
 #include "richtext/RichTextBar.h"
 #include "richtext/RichTextBox.h"
+#include "richtext/RichTextPrint.h"
 #include "ui_frmSnipVale.h"
 
-#include <QPrintDialog>
-#include <QPrinter>
+#include <QMenu>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -92,7 +93,7 @@ void frmSnipVale::makeCodeBar()
         {u"Open", u"Open File", u"document-open", [this] { openCodeFile(); }},
         {u"Save", u"Save to file", u"document-save", [this] { saveCodeFile(); }},
         {},
-        {u"Print", u"Print", u"document-print", nullptr},
+        {u"Print", u"Print", u"document-print", [this] { PrintDoc(); }},
         {},
         {u"Cut", u"Cut", u"edit-cut", message(SCI_CUT)},
         {u"Copy", u"Copy", u"edit-copy", message(SCI_COPY)},
@@ -127,6 +128,26 @@ void frmSnipVale::makeCodeBar()
     QAction* find = m_ui->tbToolBarMemo->findChild<QAction*>(u"Find"_s);
     find->setShortcuts({QKeySequence(QKeySequence::Find), QKeySequence(QKeySequence::Replace)});
     find->setToolTip(u"Find and Replace (Ctrl+F)"_s);
+    makePrintMenu();
+}
+
+// The button prints; its arrow offers the preview as well.
+void frmSnipVale::makePrintMenu()
+{
+    auto* print = m_ui->tbToolBarMemo->findChild<QAction*>(u"Print"_s);
+    print->setShortcut(QKeySequence::Print);
+    print->setToolTip(u"Print the memo (%1)"_s.arg(print->shortcut().toString(QKeySequence::NativeText)));
+    auto* menu = new QMenu(this);
+    auto* preview = new QAction(themedIcon(u"document-print-preview"_s), u"Print Pre&view..."_s, this);
+    preview->setObjectName(u"PrintPreview"_s);
+    preview->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_P);
+    connect(preview, &QAction::triggered, this, &frmSnipVale::PreviewDoc);
+    addAction(preview); // its key works while the menu is closed
+    connect(menu->addAction(print->icon(), u"&Print..."_s), &QAction::triggered, print, &QAction::trigger);
+    menu->addAction(preview);
+    auto* button = qobject_cast<QToolButton*>(m_ui->tbToolBarMemo->widgetForAction(print));
+    button->setMenu(menu);
+    button->setPopupMode(QToolButton::MenuButtonPopup);
 }
 
 void frmSnipVale::toggleWrap()
@@ -188,7 +209,7 @@ void frmSnipVale::makeNoteBar()
                           bar->widgetForAction(bar->command(u"Open"_s))})
         setTabOrder(std::exchange(before, stop), stop);
     connect(bar, &RichTextBar::openRequested, this, &frmSnipVale::openNoteFile);
-    connect(bar, &RichTextBar::printRequested, this, &frmSnipVale::PrintDoc);
+    connect(bar, &RichTextBar::printRequested, this, &frmSnipVale::printNotes);
     notes.setMenuNames({u"mnuMemoNote"_s, u"mnuMemoNoteCut"_s, u"mnuMemoNoteCopy"_s, u"mnuMemoNotePaste"_s});
     notes.setConfirm([this](const QString& text) {
         return m_context.archive.questions().ask(text, MessageStyle::YesNoDefaultNo) == Answer::Yes;
@@ -207,13 +228,32 @@ void frmSnipVale::openNoteFile()
     });
 }
 
+void frmSnipVale::printNotes()
+{
+    printRichText(*m_ui->rtfMemoNotes->document(), m_ui->txtMemoName->text(), m_context.desktop, this);
+}
+
+PrintedMemo frmSnipVale::printed() const
+{
+    PrintedMemo memo;
+    memo.name = m_ui->txtMemoName->text();
+    memo.language = m_ui->cboMemoType->currentText();
+    memo.category = categoryName(m_context.archive, m_context.memo.CategoryID);
+    memo.created = m_ui->lblDateIn->text();
+    memo.lastModified = m_ui->lblLastModified->text();
+    memo.link = m_ui->txtMemoLink->text();
+    memo.description = m_ui->txtMemoDescription->text();
+    memo.code = styledCodeOf(*m_editor);
+    memo.notes = m_ui->rtfMemoNotes->rtf();
+    return memo;
+}
+
 void frmSnipVale::PrintDoc()
 {
-    trapErrors(m_context.archive.questions(), u"PrintDoc"_s, [&] {
-        QPrinter printer(QPrinter::HighResolution);
-        printer.setDocName(m_ui->txtMemoName->text());
-        QPrintDialog dialog(&printer, this);
-        if (dialog.exec() == QDialog::Accepted)
-            m_ui->rtfMemoNotes->print(&printer);
-    });
+    trapErrors(m_context.archive.questions(), u"PrintDoc"_s, [&] { printMemo(this, m_context.desktop, printed()); });
+}
+
+void frmSnipVale::PreviewDoc()
+{
+    trapErrors(m_context.archive.questions(), u"PrintDoc"_s, [&] { previewMemo(this, m_context.desktop, printed()); });
 }

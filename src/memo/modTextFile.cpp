@@ -63,6 +63,6 @@ QString readTextFile(const QString& name)
 void writeTextFile(const QString& name, const QByteArray& bytes)
 {
     QSaveFile file(name);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() || !file.commit())
         fail(name, file.errorString());
 }

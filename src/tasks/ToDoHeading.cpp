@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/ToDoHeading.h"
 
+#include "desktop/QtToolTip.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
@@ -24,6 +26,6 @@ bool ToDoHeading::event(QEvent* event)
     if (event->type() != QEvent::ToolTip)
         return QLabel::event(event);
     if (fontMetrics().horizontalAdvance(text().simplified()) > width())
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text().toHtmlEscaped(), this);
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plainToolTip(text()), this);
     return true;
 }

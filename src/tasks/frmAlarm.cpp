@@ -6,6 +6,7 @@
 #include "archive/ErrorTrap.h"
 #include "desktop/Clock.h"
 #include "desktop/QtIcons.h"
+#include "desktop/QtToolTip.h"
 #include "tasks/TrayPictures.h"
 #include "tasks/cAlarm.h"
 #include "ui_frmAlarm.h"
@@ -61,7 +62,7 @@ bool frmAlarm::ShowAlert(QString& error)
         const QString text = u"SnipVale alarm for: '"_s + row->name + u"'"_s;
         setWindowTitle(u"SnipVale alarm - "_s + row->name); // in a cascade the titles are all that is seen
         m_ui->lblName->setText(text);
-        m_ui->lblName->setToolTip(text.toHtmlEscaped());
+        m_ui->lblName->setToolTip(plainToolTip(text));
         m_ui->lblAlarmDateTime->setText(alarmMoment(row->moment));
         const QDateTime now = m_archive.clock().now();
         m_ui->dtpAlarmDay->setDate(now.date());

@@ -11,11 +11,10 @@
 #include "desktop/Shell.h"
 #include "richtext/RichTextBar.h"
 #include "richtext/RichTextBox.h"
+#include "richtext/RichTextPrint.h"
 #include "tasks/frmToDo.h"
 #include "ui_frmToDo.h"
 
-#include <QPrintDialog>
-#include <QPrinter>
 #include <optional>
 #include <stdexcept>
 #include <utility>
@@ -75,11 +74,5 @@ void frmToDo::openNoteFile()
 
 void frmToDo::printNotes()
 {
-    trapErrors(m_context.archive.questions(), u"PrintDoc"_s, [&] {
-        QPrinter printer(QPrinter::HighResolution);
-        printer.setDocName(m_ui->txtName->text());
-        QPrintDialog dialog(&printer, this);
-        if (dialog.exec() == QDialog::Accepted)
-            m_ui->rtfDescription->print(&printer);
-    });
+    printRichText(*m_ui->rtfDescription->document(), m_ui->txtName->text(), m_context.desktop, this);
 }

@@ -1,28 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/UiSupport.h"
+#include "support/EditorFixture.h"
 
-#include "archive/ElementListener.h"
-#include "archive/cViewFilter.h"
 #include "memo/cBookmark.h"
 #include "memo/frmBookmark.h"
 
 #include <QLabel>
-#include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPushButton>
-#include <QtTest>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-class Listener : public ElementListener {
-public:
-    qint32 selectedCategory() const override { return 2; }
-    void elementSaved(const QString& itemKey) override { saved.append(itemKey); }
-    QStringList saved;
-};
 
 // A desktop that has no program for any link.
 class EmptyShell : public Shell {
@@ -31,25 +19,17 @@ public:
 };
 
 // One bookmark editor, opened as the explorer opens it.
-struct Editor : UiFixture {
-    explicit Editor(qint32 id = 0) { open(id); }
+struct Editor : EditorFixture<frmBookmark> {
+    explicit Editor(qint32 id = 0)
+    {
+        listener.category = 2;
+        open(id);
+    }
     void open(qint32 id)
     {
         filter.EditingModeBookmarkID = id;
-        window = std::make_unique<frmBookmark>(BookmarkContext{archive, desktop, filter, bookmark, listener}, nullptr);
-        loaded = window->Form_Load();
-        window->show();
+        show(std::make_unique<frmBookmark>(BookmarkContext{archive, desktop, filter, bookmark, listener}, nullptr));
     }
-    template <typename Widget>
-    Widget& get(const char* name)
-    {
-        auto* widget = window->findChild<Widget*>(QString::fromLatin1(name));
-        if (!widget)
-            qFatal("there is no %s", name);
-        return *widget;
-    }
-    QLineEdit& box(const char* name) { return get<QLineEdit>(name); }
-    void click(const char* name) { QTest::mouseClick(&get<QPushButton>(name), Qt::LeftButton); }
     qint32 insert(const QString& name, const QString& description)
     {
         cBookmark row(archive);
@@ -65,11 +45,7 @@ struct Editor : UiFixture {
     QString column(const char* name) { return value(u"SELECT %1 FROM tab_bookmark"_s.arg(QLatin1String(name))); }
     QString count() { return value(u"SELECT COUNT(bookmarkID) AS n FROM tab_bookmark"_s); }
 
-    cViewFilter filter;
     cBookmark bookmark{archive};
-    Listener listener;
-    std::unique_ptr<frmBookmark> window;
-    bool loaded = false;
 };
 
 } // namespace
@@ -252,7 +228,7 @@ void tst_frmBookmark::visiting()
     QVERIFY(!e.get<QPushButton>("cmdGo").isEnabled());
 
     EmptyShell none;
-    const Desktop desktop{e.questions, e.files, none, e.clock, e.sound};
+    const Desktop desktop{e.questions, e.files, none, e.clock, e.sound, e.printing, e.clipboard};
     e.filter.EditingModeBookmarkID = e.insert(u"n"_s, QString());
     frmBookmark editor({e.archive, desktop, e.filter, e.bookmark, e.listener}, nullptr);
     QVERIFY(editor.Form_Load());
@@ -263,23 +239,13 @@ void tst_frmBookmark::visiting()
 void tst_frmBookmark::failedSaveKeepsTheWindow()
 {
     Editor e;
-    const QString path = e.archive.ArchivePath();
-    const auto breakAndSave = [&](const QString& message) {
-        e.archive.setPath(e.scratch.path(u"gone.SVA"_s));
-        e.questions.expect(QString());
-        e.click("cmdOK");
-        QVERIFY(e.questions.asked.last().text.startsWith(message));
-        QVERIFY(e.questions.asked.last().text.contains("gone.SVA"_L1));
-        QVERIFY(e.window->isVisible() && e.window->isDirty());
-        e.archive.setPath(path); // mended: the same window saves
-    };
     e.box("txtName").setText(u"precious"_s);
-    breakAndSave(u"Error in Save: "_s);
+    e.okFails(u"Error in Save: "_s);
     QCOMPARE(e.filter.EditingModeBookmarkID, 0);
     e.click("cmdApply");
     QCOMPARE(e.column("name"), u"precious"_s);
     e.get<QPlainTextEdit>("txtDescription").setPlainText(u"more"_s);
-    breakAndSave(u"Error in Update: "_s);
+    e.okFails(u"Error in Update: "_s);
     e.click("cmdApply");
     QCOMPARE(e.column("description"), u"more"_s);
     {

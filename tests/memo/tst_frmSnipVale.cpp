@@ -1,9 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/UiSupport.h"
+#include "support/EditorFixture.h"
 
-#include "archive/ElementListener.h"
-#include "archive/cViewFilter.h"
 #include "memo/ScintillaView.h"
 #include "memo/cMemo.h"
 #include "memo/frmSnipVale.h"
@@ -12,41 +10,25 @@
 
 #include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QSplitter>
 #include <QToolBar>
 #include <QToolButton>
-#include <QtTest>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class Listener : public ElementListener {
-public:
-    qint32 selectedCategory() const override { return 1; }
-    void elementSaved(const QString& itemKey) override { saved.append(itemKey); }
-    QStringList saved;
-};
-
 // One memo editor, opened as the explorer opens it.
-struct Editor : UiFixture {
-    explicit Editor(qint32 id = 0) { open(id); }
+struct Editor : EditorFixture<frmSnipVale> {
+    explicit Editor(qint32 id = 0)
+    {
+        listener.category = 1;
+        open(id);
+    }
     void open(qint32 id)
     {
         filter.EditingModeMemoID = id;
-        window = std::make_unique<frmSnipVale>(MemoContext{archive, desktop, filter, memo, listener}, nullptr);
-        loaded = window->Form_Load();
-        window->show();
-    }
-    template <typename Widget>
-    Widget& get(const char* name)
-    {
-        auto* widget = window->findChild<Widget*>(QString::fromLatin1(name));
-        if (!widget)
-            qFatal("there is no %s", name);
-        return *widget;
+        show(std::make_unique<frmSnipVale>(MemoContext{archive, desktop, filter, memo, listener}, nullptr));
     }
     ScintillaView& code() { return get<ScintillaView>("codeEditor"); }
     void choose(const QString& language)
@@ -60,11 +42,7 @@ struct Editor : UiFixture {
         return *get<QToolBar>("tbToolBarMemo").findChild<QAction*>(QString::fromLatin1(key));
     }
 
-    cViewFilter filter;
     cMemo memo{archive};
-    Listener listener;
-    std::unique_ptr<frmSnipVale> window;
-    bool loaded = false;
 };
 
 } // namespace

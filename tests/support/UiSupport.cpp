@@ -5,6 +5,7 @@
 #include "archive/modSchema.h"
 
 #include <QApplication>
+#include <QPrinter>
 #include <QTimer>
 #include <QtTest>
 
@@ -41,6 +42,18 @@ std::optional<QString> ScriptedFiles::saveFile(const QString& title, const QStri
 std::optional<std::uint32_t> ScriptedFiles::pickColor(std::uint32_t)
 {
     return next(colors, u"colour"_s);
+}
+
+bool ScriptedPrinting::choose(QPrinter& printer, QWidget*)
+{
+    const QString file = next(files, u"print"_s);
+    if (file.isEmpty())
+        return false;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(file);
+    if (onChoose)
+        onChoose(printer);
+    return true;
 }
 
 UiFixture::UiFixture()

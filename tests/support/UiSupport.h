@@ -4,9 +4,11 @@
 
 #include "support/CoreSupport.h"
 
+#include "desktop/Clipboard.h"
 #include "desktop/Desktop.h"
 #include "desktop/FileDialogs.h"
 #include "desktop/FrameServices.h"
+#include "desktop/Printing.h"
 #include "desktop/Shell.h"
 
 #include <QHash>
@@ -38,6 +40,22 @@ public:
     QStringList opened;
 };
 
+// Prints to PDF files by script. An empty name is a cancelled dialog.
+class ScriptedPrinting : public Printing {
+public:
+    bool choose(QPrinter& printer, QWidget* parent) override;
+    bool setUpPage(QPrinter&, QWidget*) override { return false; }
+    std::deque<QString> files;
+    std::function<void(QPrinter& printer)> onChoose; // sets pages or paper
+};
+
+class FakeClipboard : public Clipboard {
+public:
+    void copySecret(const QString& text) override { secrets.append(text); }
+    void wipe() override { secrets.clear(); }
+    QStringList secrets;
+};
+
 // A frame that only remembers what was asked of it.
 class FakeFrame : public FrameServices {
 public:
@@ -61,7 +79,9 @@ struct UiFixture : ArchiveFixture {
     ScriptedShell shell;
     FakeFrame frame;
     FakeSound sound;
-    Desktop desktop{questions, files, shell, clock, sound};
+    ScriptedPrinting printing;
+    FakeClipboard clipboard;
+    Desktop desktop{questions, files, shell, clock, sound, printing, clipboard};
 };
 
 // Runs `step` when the next modal window is up. The step must close it.

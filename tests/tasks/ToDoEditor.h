@@ -3,10 +3,8 @@
 #pragma once
 
 #include "jet/RawSqlite.h"
-#include "support/UiSupport.h"
+#include "support/EditorFixture.h"
 
-#include "archive/ElementListener.h"
-#include "archive/cViewFilter.h"
 #include "memo/modTextFile.h"
 #include "richtext/RichTextBox.h"
 #include "tasks/OptionalDate.h"
@@ -16,22 +14,11 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QTimeEdit>
-#include <QtTest>
 
 // One to-do editor, opened as the explorer opens it.
-struct Editor : UiFixture {
-    class Listener : public ElementListener {
-    public:
-        qint32 selectedCategory() const override { return category; }
-        void elementSaved(const QString& itemKey) override { saved.append(itemKey); }
-        qint32 category = 0;
-        QStringList saved;
-    };
-
+struct Editor : EditorFixture<frmToDo> {
     Editor()
     {
         listener.category = value(QStringLiteral("SELECT categoryID FROM tab_category WHERE type = 2")).toInt();
@@ -40,23 +27,11 @@ struct Editor : UiFixture {
     void open(qint32 id)
     {
         filter.EditingModeToDoID = id;
-        window = std::make_unique<frmToDo>(ToDoContext{archive, desktop, filter, listener, readTextFile}, nullptr);
-        loaded = window->Form_Load();
-        window->show();
+        show(std::make_unique<frmToDo>(ToDoContext{archive, desktop, filter, listener, readTextFile}, nullptr));
     }
-    template <typename Widget>
-    Widget& get(const char* name)
-    {
-        auto* widget = window->findChild<Widget*>(QString::fromLatin1(name));
-        if (!widget)
-            qFatal("there is no %s", name);
-        return *widget;
-    }
-    QLineEdit& box(const char* name) { return get<QLineEdit>(name); }
     QCheckBox& check(const char* name) { return get<QCheckBox>(name); }
     QComboBox& combo(const char* name) { return get<QComboBox>(name); }
     OptionalDate& date(const char* name) { return get<OptionalDate>(name); }
-    void click(const char* name) { QTest::mouseClick(&get<QPushButton>(name), Qt::LeftButton); }
     void saveAndStay()
     {
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
@@ -87,9 +62,4 @@ struct Editor : UiFixture {
     // What another program may do to the archive.
     void runRaw(const QByteArray& sql) { QCOMPARE(RawSqlite(archive.ArchivePath()).run(sql.constData()), SQLITE_OK); }
     QString count() { return value(QStringLiteral("SELECT COUNT(todoID) AS n FROM tab_todo")); }
-
-    cViewFilter filter;
-    Listener listener;
-    std::unique_ptr<frmToDo> window;
-    bool loaded = false;
 };

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/QtPrinting.h"
+
+#include <QDir>
+#include <QLocale>
+#include <QPageSetupDialog>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The document's name as that of a file in the user's documents.
+QString proposedFile(const QPrinter& printer)
+{
+    constexpr qsizetype longest = 80; // far below what file systems take, in any script
+    QString name = printer.docName().left(longest);
+    for (QChar& c : name) {
+        if (!c.isPrint() || c.isSurrogate() || u"/\\:*?\"<>|"_s.contains(c))
+            c = u'_';
+    }
+    name = name.trimmed();
+    if (name.isEmpty() || name.startsWith(u'.'))
+        name.prepend(u"print"_s);
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)).filePath(name + u".pdf"_s);
+}
+
+} // namespace
+
+bool QtPrinting::choose(QPrinter& printer, QWidget* parent)
+{
+    if (printer.outputFormat() == QPrinter::PdfFormat && printer.outputFileName().isEmpty())
+        printer.setOutputFileName(proposedFile(printer));
+    QPrintDialog dialog(&printer, parent);
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+    dialog.setOption(QAbstractPrintDialog::PrintCollateCopies);
+    return dialog.exec() == QDialog::Accepted;
+}
+
+bool QtPrinting::setUpPage(QPrinter& printer, QWidget* parent)
+{
+    QPageSetupDialog dialog(&printer, parent);
+    return dialog.exec() == QDialog::Accepted;
+}
+
+std::unique_ptr<QPrinter> newPrinter(const QString& documentName)
+{
+    constexpr qreal margin = 15; // mm
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer->setDocName(documentName);
+    printer->setCreator(u"SnipVale"_s);
+    if (printer->outputFormat() == QPrinter::PdfFormat) { // no printer knows the paper
+        const bool isLetter = QLocale().measurementSystem() == QLocale::ImperialUSSystem;
+        printer->setPageSize(QPageSize(isLetter ? QPageSize::Letter : QPageSize::A4));
+    }
+    printer->setPageMargins(QMarginsF(margin, margin, margin, margin), QPageLayout::Millimeter);
+    return printer;
+}
