@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+class Archive;
+class Clipboard;
+class FrameServices;
+class PasswordListModel;
+class QKeyEvent;
+class QSortFilterProxyModel;
+class cPassword;
+class cViewFilter;
+class modPassword;
+struct Desktop;
+
+namespace Ui {
+class frmPasswordS;
+}
+
+// What the password list works on and with. All outlive it.
+struct PasswordListContext {
+    Archive& archive;
+    const Desktop& desktop;
+    FrameServices& frame;
+    cViewFilter& viewFilter;
+    cPassword& password;
+    modPassword& vault;
+    Clipboard& clipboard;
+};
+
+// The accounts of the vault, one view of the frame. It lists nothing and commands nothing while the vault is locked.
+class frmPasswordS final : public QWidget {
+    Q_OBJECT
+public:
+    frmPasswordS(const PasswordListContext& context, QWidget* parent = nullptr);
+    ~frmPasswordS() override;
+
+    // The frame brought the view to the front: reads everything anew and takes the focus. Or put another view before
+    // it: hides the passwords. The commands follow.
+    void setInFront(bool inFront);
+    // Which commands make sense now. Also whenever something else than this view locked or unlocked the vault.
+    void enableCommands();
+
+    void LoadComboCategory();
+    void MakeLvwContents(); // of the chosen category; what was selected stays so
+    void UpdateStatusBar();
+    void NewPassword();
+    void ModifyPassword(); // the selected one
+    void DeletePassword(); // all selected ones, after a question
+    void HideShowPwd();
+    void ClipboardUsernameCopy();
+    void ClipboardPasswordCopy();
+    void VisitURLPassword();
+    void ExportPasswordsToTextFile(); // the selected ones
+    void showCategories();
+    void Lock(); // forgets and wipes everything, and goes to the memos
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override; // keys and menu of the list
+
+private:
+    void prepareList();
+    bool runKey(const QKeyEvent& key);
+    void popupMenu(const QPoint& screenPosition);
+    bool isUnlocked() const;
+    bool mayCommand() const; // in front and unlocked
+    void openEditor(qint32 id);
+    void select(const std::vector<qint32>& ids, qint32 current);
+    std::vector<qint32> selectedIds() const; // in list order
+    QModelIndex selectedRow() const; // the current one, else the first selected; invalid without one
+    QString cell(int column) const; // of the selected row
+    qint32 category() const;
+
+    std::unique_ptr<Ui::frmPasswordS> m_ui;
+    PasswordListContext m_context;
+    PasswordListModel* m_model;
+    QSortFilterProxyModel* m_sorted;
+    bool m_isInFront = false;
+};

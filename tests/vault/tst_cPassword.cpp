@@ -1,0 +1,104 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "vault/VaultFixture.h"
+
+class tst_cPassword : public QObject {
+    Q_OBJECT
+private slots:
+    void everyTextSurvives();
+    void whatIsNotReadableIsNotRewritten_data();
+    void whatIsNotReadableIsNotRewritten();
+    void refusals();
+};
+
+void tst_cPassword::everyTextSurvives()
+{
+    VaultFixture v;
+    const QString user = u"O'Brien | Ünï 世界 \U0001F600\r\n "_s;
+    const QString secret = u"пароль"_s.repeated(100);
+    QCOMPARE(v.add(u"it's"_s, user, secret, 7), 1);
+    static const QRegularExpression hexadecimal(u"^([0-9A-F]{2} )+[0-9A-F]{2}$"_s);
+    QVERIFY(hexadecimal.match(v.column("userName")).hasMatch());
+    QVERIFY(hexadecimal.match(v.column("password")).hasMatch());
+    v.password.PasswordID = 1;
+    QVERIFY(v.password.Load());
+    QCOMPARE(v.password.UserName, user);
+    QCOMPARE(v.password.Password, secret);
+    QCOMPARE(v.password.Title, u"it's"_s);
+    QCOMPARE(v.password.CategoryID, 7);
+    QCOMPARE(v.password.PwdDateIn, v.clock.moment);
+    v.clock.moment = v.clock.moment.addDays(1);
+    v.password.Password = u"new'"_s;
+    v.password.Notes = u"n'"_s;
+    const QString before = v.column("userName");
+    QVERIFY(v.password.Update());
+    QCOMPARE(v.statements.last(),
+             u"UPDATE tab_password SET tab_password.passwordCategoryID = 7 , tab_password.title = 'it''s' , "
+             "tab_password.description = '' , tab_password.userName = '"_s +
+                 before + u"' , tab_password.password = '"_s + v.column("password") +
+                 u"' , tab_password.URL = '' , tab_password.dateLastMod = '2026-3-5 9:5:0' , "
+                 "tab_password.notes = 'n'''  WHERE (tab_Password.PasswordID = 1 ) "_s);
+    QVERIFY(v.password.Load());
+    QCOMPARE(v.password.Password, u"new'"_s);
+    QCOMPARE(v.password.PwdDateLastMod, v.password.PwdDateIn.addDays(1));
+    QCOMPARE(v.password.GetPasswordCount(), 1);
+}
+
+void tst_cPassword::whatIsNotReadableIsNotRewritten_data()
+{
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("no hexadecimal") << u"it is plain"_s;
+    QTest::newRow("a single digit") << u"3"_s;
+    QTest::newRow("lower case") << u"3f 0a c2 11 22 33 44 55 3f 0a c2 11 22 33 44 55"_s;
+    QTest::newRow("half a block") << u"3F 0A C2"_s;
+    QTest::newRow("another key") << modPassword::HexEncode(
+        cBlowfish().EncryptString(u"a user name"_s, u"another key"_s).toLatin1(), u" "_s);
+    QTest::newRow("a megabyte") << u"3F 0A C2 "_s.repeated(120000);
+}
+
+void tst_cPassword::whatIsNotReadableIsNotRewritten()
+{
+    QFETCH(QString, stored);
+    VaultFixture v;
+    v.execute(u"DROP TABLE tab_password"_s); // an archive of another program, with wider columns
+    v.execute(
+        u"CREATE TABLE tab_password (passwordID COUNTER, passwordCategoryID LONG, title TEXT(255), userName "
+        "LONGTEXT, password LONGTEXT, URL TEXT(255), dateIn DATETIME, dateLastMod DATETIME, description LONGTEXT, "
+        "notes LONGTEXT, CONSTRAINT ID_PK PRIMARY KEY (passwordID))"_s);
+    v.execute(u"INSERT INTO tab_password (title, userName) VALUES ('t', '"_s + stored + u"')"_s);
+    v.password.PasswordID = 1;
+    QVERIFY(v.password.Load());
+    QCOMPARE(v.password.Password, QString()); // Null
+    v.password.Title = u"changed"_s;
+    QVERIFY2(v.password.Update(), qPrintable(v.password.lastError()));
+    QCOMPARE(v.column("title"), u"changed"_s);
+    QCOMPARE(v.column("userName"), stored);
+}
+
+void tst_cPassword::refusals()
+{
+    VaultFixture v;
+    v.add(u"t"_s, u"u"_s, u"p"_s);
+    v.password.PasswordID = 4711;
+    QVERIFY(!v.password.Load());
+    QCOMPARE(v.password.lastError(), u"The account is no longer in the archive."_s);
+    QVERIFY(!v.password.Update());
+    QCOMPARE(v.password.lastError(), u"The account is no longer in the archive."_s);
+    v.password.PasswordID = 1;
+    QVERIFY(v.password.Load());
+    const QString stored = v.column("password");
+    // Another archive was put in the place of this one.
+    v.execute(u"UPDATE tab_option SET tab_option.options = ''  WHERE code ='MasterPwd' "_s);
+    v.password.Password = u"new"_s;
+    QVERIFY(!v.password.Update());
+    QVERIFY(v.password.lastError().startsWith("The archive has another master password now."_L1));
+    v.vault.lock();
+    QVERIFY(!v.password.Update());
+    v.questions.expect(u"Error in Save: The password list is locked."_s);
+    QVERIFY(!v.password.Save());
+    QCOMPARE(v.column("password"), stored);
+    QCOMPARE(v.password.GetPasswordCount(), 1);
+}
+
+QTEST_MAIN(tst_cPassword)
+#include "tst_cPassword.moc"

@@ -1,0 +1,292 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "vault/VaultFixture.h"
+
+#include "desktop/SecretMemory.h"
+#include "vault/modPasswordRisks.h"
+
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QtTest>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString fixedKey = u"tkwe52918306pv4417mbzqd60395hqxoeprjzlkaudfgnmetsowv"_s;
+constexpr auto unlockedText = "master word";
+
+struct Vault : VaultFixture {
+    QString accounts() // every value as the session reads it
+    {
+        QString all;
+        ArchiveUnit unit(archive);
+        auto rows = unit.Open(u"SELECT * FROM tab_password "_s);
+        for (; !rows.eof(); rows.moveNext())
+            all += vault.DecryptEntry(rows.text(u"userName"_s)) + u'/' + vault.DecryptEntry(rows.text(u"password"_s)) +
+                u' ';
+        return all;
+    }
+    bool unlock(const QString& typed)
+    {
+        vault.setStoredText(vault.ReadMasterPwd());
+        return vault.Unlock(typed);
+    }
+    QString changeError(const QString& password)
+    {
+        try {
+            return vault.ChangeMasterPassword(password) == modPassword::Choice::Saved ? QString() : u"not saved"_s;
+        } catch (const std::exception& error) {
+            return QString::fromUtf8(error.what());
+        }
+    }
+};
+
+} // namespace
+
+class tst_modPassword : public QObject {
+    Q_OBJECT
+private slots:
+    // The disk's own pace would be most of the time of the two hundred kills, and no kill depends on it.
+    void initTestCase() { qputenv("TMPDIR", QFile::exists(u"/dev/shm"_s) ? "/dev/shm" : ""); }
+    void storage();
+    void hexadecimal();
+    void session();
+    void secretsStayHere();
+    void strangeStoredTexts();
+    void changeReenciphersAll();
+    void changeIsAllOrNothing();
+    void changeSurvivesBeingKilled();
+    void barsShiftWhatFollows_data();
+    void barsShiftWhatFollows();
+    void risksAreNamed();
+};
+
+void tst_modPassword::storage()
+{
+    Vault f;
+    cBlowfish other;
+    const QString stored = f.vault.ReadMasterPwd();
+    QVERIFY(QRegularExpression(u"^([0-9A-F]{2} ){23}[0-9A-F]{2}$"_s).match(stored).hasMatch());
+    QCOMPARE(other.DecryptString(QString::fromLatin1(modPassword::HexDecode(stored)), fixedKey),
+             QLatin1String(unlockedText));
+    QCOMPARE(f.vault.UpdateMasterPwd(u"AB 01"_s), -1);
+    QCOMPARE(f.vault.ReadMasterPwd(), u"AB 01"_s);
+    f.vault.DeleteMasterPwd();
+    QCOMPARE(f.vault.ReadMasterPwd(), u"fail"_s);
+    QCOMPARE(f.vault.UpdateMasterPwd(u"AB"_s), 0); // nothing was stored
+    QVERIFY(f.vault.InsertMasterPwd());
+    QCOMPARE(f.vault.ReadMasterPwd(), QString());
+    QVERIFY(!f.vault.InsertMasterPwd() && !f.vault.lastError().isEmpty()); // there is one
+    QCOMPARE(f.statements.mid(1, 4),
+             QStringList({u"UPDATE tab_option SET tab_option.options = 'AB 01'  WHERE code ='MasterPwd' "_s,
+                          u" SELECT * FROM tab_option WHERE code = 'MasterPwd'"_s,
+                          u"DELETE * FROM tab_option WHERE code = 'MasterPwd'"_s,
+                          u" SELECT * FROM tab_option WHERE code = 'MasterPwd'"_s}));
+    f.execute(u"UPDATE tab_option SET options = Null"_s);
+    QCOMPARE(f.vault.ReadMasterPwd(), QString());
+}
+
+void tst_modPassword::hexadecimal()
+{
+    QCOMPARE(modPassword::HexEncode(QByteArray("\x3F\x0A\xC2", 3), u" "_s), u"3F 0A C2"_s);
+    QCOMPARE(modPassword::HexDecode(u"3F 0A C2"_s), QByteArray("\x3F\x0A\xC2", 3));
+    QCOMPARE(modPassword::HexDecode(u"3F0AC2 7"_s), QByteArray("\x3F\x0A\xC2", 3));
+    QCOMPARE(modPassword::HexDecode(u"ab zz é１2"_s), QByteArray());
+    QCOMPARE(modPassword::HexDecode(QString()), QByteArray());
+}
+
+void tst_modPassword::session()
+{
+    Vault f;
+    const QString text = u"пароль 密码 |'\" \U0001F511"_s;
+    const QString stored = f.vault.EncryptEntry(text);
+    f.vault.lock();
+    QVERIFY(!f.vault.isUnlocked());
+    QCOMPARE(f.vault.DecryptEntry(stored), QString());
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, f.vault.EncryptEntry(u"x"_s));
+    QVERIFY(!f.unlock(u"Master word"_s) && !f.unlock(QString()) && !f.vault.isUnlocked());
+    QVERIFY(f.unlock(QLatin1String(unlockedText)) && f.vault.isUnlocked() && f.vault.matchesArchive());
+    QCOMPARE(f.vault.DecryptEntry(stored), text);
+    const QString path = f.archive.ArchivePath();
+    f.archive.setPath(f.scratch.path(u"another.SVA"_s)); // has a password of its own
+    QVERIFY(!f.vault.isUnlocked());
+    f.archive.setPath(path);
+    QVERIFY(f.vault.ResetMasterPwd() && !f.vault.isUnlocked());
+    for (const QString& damaged : {QString(), u"fail"_s, u"AB CD"_s, u"not hexadecimal"_s}) {
+        f.vault.UpdateMasterPwd(damaged);
+        QVERIFY(!f.unlock(QString()) && !f.unlock(QLatin1String(unlockedText)));
+    }
+    QCOMPARE(f.vault.ChooseMasterPassword(u"lone \xD800 half"_s), modPassword::Choice::SelfCheckFailed);
+    QCOMPARE(f.vault.ReadMasterPwd(), u"not hexadecimal"_s);
+}
+
+void tst_modPassword::secretsStayHere()
+{
+    rlimit before{};
+    ::getrlimit(RLIMIT_CORE, &before);
+    {
+        Vault f;
+        rlimit during{};
+        ::getrlimit(RLIMIT_CORE, &during);
+        QCOMPARE(during.rlim_cur, rlim_t(0));
+        QCOMPARE(::prctl(PR_GET_DUMPABLE), 0);
+        f.vault.lock();
+        QCOMPARE(::prctl(PR_GET_DUMPABLE), 1);
+        f.vault.ChooseMasterPassword(u"secret"_s);
+        QCOMPARE(::prctl(PR_GET_DUMPABLE), 0);
+    }
+    rlimit after{};
+    ::getrlimit(RLIMIT_CORE, &after);
+    QCOMPARE(::prctl(PR_GET_DUMPABLE), 1);
+    QCOMPARE(after.rlim_cur, before.rlim_cur);
+    QString one = secretCopy(u"shared"_s);
+    QString two = one;
+    wipe(one); // not this one's alone
+    QVERIFY(one.isEmpty() && two == u"shared"_s);
+}
+
+void tst_modPassword::strangeStoredTexts()
+{
+    Vault f;
+    const QString good = f.vault.EncryptEntry(u"value"_s);
+    f.vault.ChooseMasterPassword(u"another one"_s);
+    for (const QString& text : {good, good.toLower(), good.first(good.size() - 5), u"A"_s, u"AB"_s, u"plain text"_s,
+                                u"' OR 1=1 --"_s, good + u" 00"_s}) {
+        bool isWhole = true;
+        f.vault.DecryptEntry(text, &isWhole);
+        QVERIFY2(!isWhole, qPrintable(text));
+    }
+    bool isWhole = false;
+    QCOMPARE(f.vault.DecryptEntry(QString(), &isWhole), QString());
+    QVERIFY(isWhole);
+    const QString big(1 << 20, u'\u00E9');
+    QCOMPARE(f.vault.DecryptEntry(f.vault.EncryptEntry(big)), big);
+}
+
+void tst_modPassword::changeReenciphersAll()
+{
+    Vault f;
+    f.add(u"t"_s, u"имя"_s, u"世界 '"_s);
+    f.add(u"no name"_s, QString(), u"p"_s);
+    f.execute(u"UPDATE tab_password SET userName = Null WHERE passwordID = 2"_s);
+    const QString old = f.column("password");
+    f.statements.clear();
+    QCOMPARE(f.changeError(u"new password"_s), QString());
+    QCOMPARE(f.statements.size(), 4);
+    QCOMPARE(f.statements[0], u" SELECT passwordID, userName, password FROM tab_password "_s);
+    QVERIFY(f.statements[1].startsWith("UPDATE tab_option SET tab_option.options = '"_L1));
+    QCOMPARE(f.statements[2],
+             u" UPDATE tab_password SET  tab_password.userName  =  '"_s + f.column("userName") +
+                 u"' , tab_password.password = '"_s + f.column("password") + u"'  WHERE passwordID = 1 "_s);
+    QVERIFY(f.column("password") != old);
+    QCOMPARE(f.accounts(), u"имя/世界 ' -/p "_s);
+    f.vault.lock();
+    QVERIFY(!f.unlock(QLatin1String(unlockedText)));
+    QVERIFY(f.unlock(u"new password"_s));
+    QCOMPARE(f.accounts(), u"имя/世界 ' -/p "_s);
+}
+
+void tst_modPassword::changeIsAllOrNothing()
+{
+    Vault f;
+    for (int i = 0; i < 3; ++i)
+        f.add(u"t"_s, u"user"_s, QString::number(i));
+    const QString before = f.accounts();
+    const QString stored = f.vault.ReadMasterPwd();
+    for (int failing = 1; failing <= 5; ++failing) {
+        int left = failing;
+        f.archive.onStatement = [&](const QString&) {
+            if (--left == 0)
+                throw std::runtime_error("broken");
+        };
+        QCOMPARE(f.changeError(u"new password"_s), failing == 2 ? u"not saved"_s : u"broken"_s);
+        f.archive.onStatement = nullptr;
+        QCOMPARE(f.vault.ReadMasterPwd(), stored);
+        QCOMPARE(f.accounts(), before);
+    }
+    f.vault.lock();
+    QCOMPARE(f.changeError(u"new password"_s), u"The vault is locked."_s);
+}
+
+void tst_modPassword::changeSurvivesBeingKilled()
+{
+    Vault f;
+    QString expected;
+    for (int i = 0; i < 200; ++i) {
+        f.add(u"t"_s, u"user %1"_s.arg(i), u"password %1"_s.arg(i));
+        expected += u"user %1/password %1 "_s.arg(i);
+    }
+    f.archive.onStatement = nullptr;
+    QRandomGenerator random(4711);
+    QString current = QLatin1String(unlockedText);
+    double longest = 20000; // microseconds until the kill
+    int changes = 0;
+    for (int kill = 0; kill < 200; ++kill) {
+        const QString next = u"password %1"_s.arg(kill + 1);
+        QProcess victim;
+        victim.start(QStringLiteral(CHANGE_VICTIM), {f.archive.ArchivePath(), current, next});
+        QVERIFY(victim.waitForReadyRead(20000));
+        ::usleep(useconds_t(random.bounded(longest)));
+        victim.kill();
+        QVERIFY(victim.waitForFinished() && victim.exitStatus() == QProcess::CrashExit);
+        const bool isChanged = f.unlock(next);
+        QVERIFY(isChanged || f.unlock(current));
+        QCOMPARE(f.accounts(), expected);
+        changes += isChanged;
+        longest *= isChanged ? 0.9 : 1.1; // stays about one change long, however fast the machine is just now
+        current = isChanged ? next : current;
+    }
+    QVERIFY2(changes > 10 && changes < 190, qPrintable(QString::number(changes))); // both sides were hit
+}
+
+void tst_modPassword::barsShiftWhatFollows_data()
+{
+    QTest::addColumn<QString>("userName");
+    QTest::addColumn<QString>("password");
+    QTest::addColumn<QString>("second"); // password of the second account
+    QTest::addColumn<QString>("after"); // empty: refused
+    QTest::newRow("the rest is dropped") << u"u"_s << u"p"_s << u"a|b"_s << u"u/p user/a "_s;
+    QTest::newRow("a number where an identifier was") << u"u"_s << u"p|2"_s << u"x"_s << u"u/p 2/user "_s;
+    QTest::newRow("whole triples") << u"u"_s << u"p|2|n|q"_s << u"x"_s << u"u/p user/x "_s;
+    QTest::newRow("text where an identifier was") << u"u|v"_s << u"p"_s << u"x"_s << QString();
+    QTest::newRow("statement where an identifier was") << u"u"_s << u"p|0 OR 1=1"_s << u"x"_s << QString();
+    QTest::newRow("odd numbers") << u"u"_s << u"p| 2"_s << u"x"_s << QString();
+}
+
+void tst_modPassword::barsShiftWhatFollows()
+{
+    QFETCH(QString, userName);
+    QFETCH(QString, password);
+    QFETCH(QString, second);
+    QFETCH(QString, after);
+    Vault f;
+    f.add(u"first"_s, userName, password);
+    f.add(u"second"_s, u"user"_s, second);
+    const QString before = f.accounts();
+    const QString error = f.changeError(u"new password"_s);
+    QCOMPARE(error.isEmpty(), !after.isEmpty());
+    QCOMPARE(f.accounts(), after.isEmpty() ? before : after);
+    QVERIFY(f.vault.matchesArchive());
+}
+
+void tst_modPassword::risksAreNamed()
+{
+    Vault f;
+    for (int i = 1; i <= 12; ++i)
+        f.add(u"bar %1"_s.arg(i), u"a|"_s, u"p"_s);
+    f.add(u"harmless"_s, u"u"_s, QString());
+    f.add(u"foreign"_s, u"u"_s, u"p"_s);
+    f.execute(u"UPDATE tab_password SET password = 'no hexadecimal text' WHERE passwordID = 14"_s);
+    const ChangeRisks risks = readChangeRisks(f.vault);
+    QCOMPARE(risks.withBar.size(), 12);
+    QCOMPARE(risks.unreadable, QStringList(u"foreign"_s));
+    const QString question = risks.question();
+    QVERIFY(question.contains("bar 10"_L1) && question.contains("and 2 more"_L1) && question.contains("foreign"_L1));
+    QVERIFY(!question.contains("bar 11"_L1) && !question.contains("harmless"_L1));
+}
+
+QTEST_MAIN(tst_modPassword)
+#include "tst_modPassword.moc"
