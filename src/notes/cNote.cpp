@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "notes/cNote.h"
+
+#include "archive/Archive.h"
+#include "archive/ErrorTrap.h"
+#include "archive/SqlText.h"
+
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+template <typename Body>
+bool cNote::run(const QString& method, Body&& body)
+{
+    m_failedMethod = method;
+    return keepError(m_lastError, std::forward<Body>(body));
+}
+
+void cNote::reportFailure() const
+{
+    reportError(m_archive.questions(), m_failedMethod, m_lastError);
+}
+
+bool cNote::Load(qint32 id)
+{
+    return run(u"Load"_s, [&] {
+        ArchiveUnit unit(m_archive);
+        const jet::Recordset row =
+            unit.Open(u" SELECT * FROM tab_note "_s + u"WHERE noteID = "_s + QString::number(id));
+        if (row.eof())
+            throw std::runtime_error("The note is no longer in the archive.");
+        Content = row.text(u"content"_s);
+        NoteDate = row.dateTime(u"notedate"_s);
+        Color = row.text(u"color"_s);
+        EditingID = id;
+        EditingMode = true;
+    });
+}
+
+bool cNote::Save()
+{
+    return run(u"Save"_s, [&] {
+        ArchiveUnit unit(m_archive);
+        jet::Recordset row = unit.Open(u"SELECT * FROM tab_note WHERE 1=2 "_s);
+        row.AddNew({u"content"_s, u"noteDate"_s, u"color"_s},
+                   {Content, NoteDate.isValid() ? jet::Value(NoteDate) : jet::Value(), Color});
+        row.Update();
+        EditingID = qint32(row.integer(u"noteID"_s));
+        EditingMode = true;
+    });
+}
+
+bool cNote::Update()
+{
+    return run(u"Update"_s, [&] {
+        ArchiveUnit unit(m_archive);
+        const QString date = NoteDate.isValid() ? u"tab_note.noteDate = '"_s + FormatDateSQL(NoteDate) + u"' "_s
+                                                : u"tab_note.noteDate = Null "_s;
+        const int rows = unit.Execute(u"UPDATE tab_note SET "_s + //
+                                      u"tab_note.content = '"_s + quoted(Content) + u"' , "_s + //
+                                      u"tab_note.color = '"_s + quoted(Color) + u"' , "_s + //
+                                      date + //
+                                      u"WHERE (tab_note.noteID = "_s + QString::number(EditingID) + u" ) "_s);
+        EditingMode = rows > 0;
+        if (!EditingMode)
+            throw std::runtime_error("The note is no longer in the archive.");
+    });
+}
+
+bool cNote::Delete(const QString& ids)
+{
+    return run(u"Delete"_s, [&] {
+        ArchiveUnit unit(m_archive);
+        unit.Execute(u"DELETE * FROM tab_note "_s + u"WHERE tab_note.noteID IN ("_s + ids + u") "_s);
+    });
+}
+
+bool cNote::SetColor(qint32 id, const QString& color)
+{
+    return run(u"SetColor"_s, [&] {
+        ArchiveUnit unit(m_archive);
+        unit.Execute(u"UPDATE tab_note SET "_s + u"tab_note.color = '"_s + quoted(color) + u"'  "_s +
+                     u"WHERE (tab_note.noteID = "_s + QString::number(id) + u" ) "_s);
+    });
+}
