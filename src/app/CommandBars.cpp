@@ -10,6 +10,8 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
+#include <QToolButton>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -115,8 +117,21 @@ void CommandBars::check(const QString& name, bool checked)
 void CommandBars::setFlatLook(bool flat)
 {
     for (QToolBar* bar : std::as_const(m_bars)) {
+        const bool isSideBar = bar->objectName() == "barOutlook"_L1;
+        const int size = isSideBar ? (flat ? 32 : 22) : (flat ? 22 : 16);
         bar->setMovable(!flat);
-        if (bar->objectName() != "barOutlook"_L1)
-            bar->setIconSize(flat ? QSize(22, 22) : QSize(16, 16));
+        bar->setIconSize(QSize(size, size));
+        int widest = 0;
+        QList<QToolButton*> buttons;
+        for (QAction* action : bar->actions()) {
+            auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(action));
+            if (!button) // a separator
+                continue;
+            buttons.append(button);
+            button->setAutoRaise(flat); // a frame only under the pointer, or always
+            widest = std::max(widest, button->sizeHint().width());
+        }
+        for (QToolButton* button : std::as_const(buttons))
+            button->setMinimumWidth(isSideBar ? widest : 0); // frames one below the other have one width
     }
 }

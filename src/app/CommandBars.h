@@ -29,7 +29,8 @@ public:
     QMenu* menu(const QString& name) const { return m_menus.value(name); }
     QToolBar* bar(const QString& name) const { return m_bars.value(name); }
 
-    void setFlatLook(bool flat); // the flat look, or raised bars with captions
+    // Flat bars with large pictures in their places, or raised buttons with small ones in bars that can be moved.
+    void setFlatLook(bool flat);
 
 signals:
     void clicked(const QString& name); // before the handler runs

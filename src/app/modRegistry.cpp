@@ -15,36 +15,82 @@ constexpr qint32 success = 0;
 constexpr qint32 notFound = 2;
 constexpr qint32 refused = 5;
 
-// The Exec line quotes and escapes as the Desktop Entry Specification wants it; reading undoes that.
-QString execLine(const QString& program)
+// Values of a desktop entry (freedesktop.org Desktop Entry Specification, "Possible value types").
+QString escapedValue(QString text)
 {
-    QString escaped;
-    for (const QChar c : program) {
-        if (u"\"`$\\"_s.contains(c))
-            escaped += u'\\';
-        escaped += c;
-    }
-    return u'"' + escaped.replace(u'\\', u"\\\\"_s).replace(u'%', u"%%"_s) + u'"';
+    return text.replace(u'\\', u"\\\\"_s).replace(u'\n', u"\\n"_s).replace(u'\r', u"\\r"_s).replace(u'\t', u"\\t"_s);
 }
 
-QString programOf(QString exec)
+QString unescapedValue(const QString& text)
 {
-    exec.replace(u"\\\\"_s, u"\\"_s).replace(u"%%"_s, u"%"_s);
-    if (exec.size() < 2 || !exec.startsWith(u'"'))
-        return exec;
+    QString plain;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] != u'\\' || i + 1 == text.size()) {
+            plain += text[i];
+            continue;
+        }
+        const QChar code = text[++i];
+        plain += code == u'n' ? u'\n' : code == u'r' ? u'\r' : code == u't' ? u'\t' : code == u's' ? u' ' : code;
+    }
+    return plain;
+}
+
+// An argument of an Exec line, quoted as the same specification wants it ("The Exec key").
+QString execArgument(const QString& argument)
+{
+    QString inside;
+    for (const QChar c : argument) {
+        if (u"\"`$\\"_s.contains(c))
+            inside += u'\\';
+        inside += c;
+    }
+    return u'"' + inside.replace(u'%', u"%%"_s) + u'"';
+}
+
+// The first argument of an Exec line.
+QString programOf(const QString& value)
+{
+    QString exec = unescapedValue(value);
+    exec.replace(u"%%"_s, u"%"_s);
+    if (!exec.startsWith(u'"'))
+        return exec.section(u' ', 0, 0);
     QString program;
     for (qsizetype i = 1; i < exec.size() && exec[i] != u'"'; ++i) {
-        if (exec[i] == u'\\')
+        if (exec[i] == u'\\' && i + 1 < exec.size())
             ++i;
-        if (i < exec.size())
-            program += exec[i];
+        program += exec[i];
+    }
+    return program;
+}
+
+// The program of an autostart entry, invalid when the entry does not start it.
+QVariant programOfEntry(const QString& file)
+{
+    QFile entry(file);
+    if (!entry.open(QIODevice::ReadOnly))
+        return {};
+    QVariant program;
+    for (const QByteArray& bytes : entry.readAll().split('\n')) {
+        const QString line = QString::fromUtf8(bytes).trimmed();
+        const QString key = line.section(u'=', 0, 0).trimmed();
+        const QString value = line.section(u'=', 1).trimmed();
+        if (line.startsWith(u'[') && line != "[Desktop Entry]"_L1)
+            break; // an additional action
+        if ((key == "Hidden"_L1 && value == "true"_L1) ||
+            (key == "X-GNOME-Autostart-enabled"_L1 && value == "false"_L1))
+            return {};
+        if (key == "Exec"_L1)
+            program = programOf(value);
     }
     return program;
 }
 
 } // namespace
 
-modRegistry::modRegistry(QString configFolder) : m_configFolder(std::move(configFolder)) { }
+modRegistry::modRegistry(QString configFolder, QStringList startArguments)
+    : m_configFolder(std::move(configFolder)), m_startArguments(std::move(startArguments))
+{
+}
 
 bool modRegistry::isRunKey(quint32 root, const QString& key) const
 {
@@ -78,12 +124,7 @@ QVariant modRegistry::GetRegValue(quint32 root, const QString& key, const QStrin
 {
     QVariant value;
     if (isRunKey(root, key)) {
-        QFile entry(autostartFile(name));
-        if (entry.open(QIODevice::ReadOnly)) {
-            for (const QByteArray& line : entry.readAll().split('\n'))
-                if (line.startsWith("Exec="))
-                    value = programOf(QString::fromUtf8(line.mid(5).trimmed()));
-        }
+        value = programOfEntry(autostartFile(name));
     } else {
         QSettings store(m_configFolder + u"/snipvale/registry.ini"_s, QSettings::IniFormat);
         value = store.value(storeGroup(root, key) + u"/="_s + name.toLower());
@@ -98,9 +139,12 @@ void modRegistry::SetRegValue(quint32 root, const QString& key, const QString& n
     if (isRunKey(root, key)) {
         QDir().mkpath(m_configFolder + u"/autostart"_s);
         QSaveFile entry(autostartFile(name));
-        const QString text = u"[Desktop Entry]\nType=Application\nName="_s + name + u"\nExec="_s +
-            execLine(value.toString()) + u"\nIcon=snipvale\nTerminal=false\n"_s;
-        written = entry.open(QIODevice::WriteOnly) && entry.write(text.toUtf8()) > 0 && entry.commit();
+        QString exec = execArgument(value.toString());
+        for (const QString& argument : m_startArguments)
+            exec += u' ' + execArgument(argument);
+        const QString text = u"[Desktop Entry]\nType=Application\nName="_s + name + u"\nExec="_s + escapedValue(exec) +
+            u"\nIcon=snipvale\nTerminal=false\n"_s;
+        written = entry.open(QIODevice::WriteOnly) && entry.write(text.toUtf8()) > 0 && entry.flush() && entry.commit();
     } else {
         QSettings store(m_configFolder + u"/snipvale/registry.ini"_s, QSettings::IniFormat);
         store.setValue(storeGroup(root, key) + u"/="_s + name.toLower(), value);

@@ -12,8 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int longestValue = 128;
-
 // The file as lines that keep their own line ends.
 class Profile {
 public:
@@ -109,7 +107,7 @@ QString readProfile(const QString& file, const QString& section, const QString& 
 {
     const Profile profile = load(file);
     const Profile::Place place = profile.find(section, key);
-    return place.line < 0 ? fallback : profile.value(place.line).left(longestValue);
+    return place.line < 0 ? fallback : profile.value(place.line).left(longestProfileValue);
 }
 
 bool writeProfile(const QString& file, const QString& section, const QString& key, const QString& value)
@@ -133,7 +131,7 @@ bool writeProfile(const QString& file, const QString& section, const QString& ke
         }
         QSaveFile out(file);
         const QByteArray all = profile.bytes();
-        return out.open(QIODevice::WriteOnly) && out.write(all) == all.size() && out.commit();
+        return out.open(QIODevice::WriteOnly) && out.write(all) == all.size() && out.flush() && out.commit();
     } catch (const std::exception&) {
         return false;
     }

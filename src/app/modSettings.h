@@ -7,7 +7,9 @@
 // Profile files ("snipvale.ini"): sections in brackets, key=value lines. Section and key names match in any
 // letter case. What is not asked for (comments, unknown lines, the line ends) is never changed.
 
-// The value, without blanks and one pair of quotes around it, cut to 128 characters: a buffer of 129. `fallback`
+constexpr int longestProfileValue = 128; // characters: a buffer of 129
+
+// The value, without blanks and one pair of quotes around it, cut to the longest that is read. `fallback`
 // when the key is absent. Throws std::runtime_error when the file is there but cannot be read.
 QString readProfile(const QString& file, const QString& section, const QString& key, const QString& fallback);
 

@@ -5,6 +5,7 @@
 
 #include "archive/Archive.h"
 #include "archive/ErrorTrap.h"
+#include "memo/modStyleRows.h"
 
 using namespace Qt::StringLiterals;
 
@@ -58,11 +59,7 @@ void cScintilla::SetLexer(qint32 n)
 void cScintilla::LoadStyles(qint32 n)
 {
     ArchiveUnit unit(m_archive);
-    jet::Recordset rows = unit.Open(u"SELECT tab_memoType.memoTypeID, tab_memoType.name, tab_style.* "_s +
-                                    u" FROM tab_memoType INNER JOIN tab_style"_s +
-                                    u" ON tab_memoType.lexerCode = tab_style.lexerCode "_s +
-                                    u" WHERE tab_memoType.memoTypeID = "_s + QString::number(n) + u" "_s);
-    for (; !rows.eof(); rows.moveNext()) {
+    for (jet::Recordset rows = openStyles(unit, n); !rows.eof(); rows.moveNext()) {
         if (rows.boolean(u"enable"_s))
             sendStyle(m_editor, rows);
     }

@@ -129,11 +129,11 @@ QString keywordsOf(Archive& archive, const QString& lexerCode)
     return rows.eof() ? QString() : rows.text(u"keywords"_s);
 }
 
-void updateKeywords(Archive& archive, const QString& lexerCode, const QString& keywords)
+bool updateKeywords(Archive& archive, const QString& lexerCode, const QString& keywords)
 {
     ArchiveUnit unit(archive);
-    unit.Execute(u"UPDATE tab_memoType SET "_s + u"tab_memoType.keywords = '"_s + quoted(keywords) + u"' "_s +
-                 u" WHERE lexerCode = '"_s + quoted(lexerCode) + u"' "_s);
+    return unit.Execute(u"UPDATE tab_memoType SET "_s + u"tab_memoType.keywords = '"_s + quoted(keywords) + u"' "_s +
+                        u" WHERE lexerCode = '"_s + quoted(lexerCode) + u"' "_s) > 0;
 }
 
 QString lexerCodeOf(Archive& archive, qint32 memoTypeID)

@@ -45,7 +45,7 @@ QByteArray serverPageKeywords();
 
 // The archive's words of a lexer, "" when it has no row. Throws jet::Error.
 QString keywordsOf(Archive& archive, const QString& lexerCode);
-void updateKeywords(Archive& archive, const QString& lexerCode, const QString& keywords);
+bool updateKeywords(Archive& archive, const QString& lexerCode, const QString& keywords); // false: it has no row
 
 // `lexerCode` of a language, "" when it has no row. Throws jet::Error.
 QString lexerCodeOf(Archive& archive, qint32 memoTypeID);

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/modRegistry.h"
+
+#include <QDialog>
+#include <QPointer>
+#include <memory>
+#include <vector>
+
+class FrameServices;
+class QStandardItem;
+class QStandardItemModel;
+class frmOptionsLanguage;
+class modSnipVale;
+struct Desktop;
+struct LanguageRow;
+
+namespace Ui {
+class frmOptions;
+}
+
+// The user's preferences: start with the system, the default archive, the look of the bars, and which languages the
+// memo editor offers. Nothing is written before OK. While a language is selected, the frame's command
+// "miOptionsLanguage" is enabled.
+class frmOptions : public QDialog {
+    Q_OBJECT
+public:
+    // All outlive the window.
+    frmOptions(modSnipVale& program, const Desktop& desktop, FrameServices& frame, QWidget* parent);
+    ~frmOptions() override;
+
+    bool Form_Load(); // false when the languages cannot be read; the message was shown, the rest can be used
+
+    void OpenLanguage(); // the styles of the selected language; nothing when there is none
+    void OpenDetails(); // of the style that is selected in the open language window; nothing when none is open
+
+signals:
+    void lookChanged(bool flat); // OK stored the look
+
+private:
+    void showSettings();
+    void loadLanguages();
+    void wireFields();
+    void updateCommands();
+    const QStandardItem* selectedLanguage() const; // null for none
+    std::vector<LanguageRow> languagesInList() const;
+    void cmdSelect_Click();
+    void cmdOK_Click();
+    bool mayKeepPath(const QString& path); // asks about one that is too long
+    void saveDefaultArchive(const QString& path);
+    void saveLook();
+    void RunAtStart(bool on);
+
+    std::unique_ptr<Ui::frmOptions> m_ui;
+    modSnipVale& m_program;
+    const Desktop& m_desktop;
+    FrameServices& m_frame;
+    modRegistry m_registry;
+    QStandardItemModel* m_languages;
+    QPointer<frmOptionsLanguage> m_languageWindow; // null while it is not open
+    QString m_storedArchive; // what the settings file said
+};
