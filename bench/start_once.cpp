@@ -9,8 +9,10 @@
 #include "desktop/Clock.h"
 #include "desktop/Desktop.h"
 #include "desktop/PreviousInstance.h"
+#include "desktop/QtClipboard.h"
 #include "desktop/QtFileDialogs.h"
 #include "desktop/QtIcons.h"
+#include "desktop/QtPrinting.h"
 #include "desktop/QtQuestions.h"
 #include "desktop/QtShell.h"
 #include "desktop/QtSound.h"
@@ -86,7 +88,9 @@ int main(int argc, char** argv)
     QtShell shell;
     const SystemClock clock;
     QtSound sound;
-    const Desktop desktop{questions, files, shell, clock, sound};
+    QtPrinting printing;
+    QtClipboard clipboard;
+    const Desktop desktop{questions, files, shell, clock, sound, printing, clipboard};
     OnlyInstance previous;
     modSnipVale program(questions, clock, shell);
     program.AppPath = QString::fromLocal8Bit(argv[1]);

@@ -31,6 +31,8 @@ constexpr CommandRow commands[] = {
     {"miMemoNew", u"&New Memo...", "document-new", "Ctrl+N"},
     {"miMemoModify", u"&Open Memo...", "document-edit", ""},
     {"miMemoDelete", u"&Delete Memo...", "edit-delete", ""},
+    {"miMemoPrint", u"&Print Memo...", "document-print", "Ctrl+P"},
+    {"miMemoPrintPreview", u"Print Pre&view...", "document-print-preview", "Ctrl+Shift+P"},
     {"miSearchOpenElement", u"&Open Element...", "document-edit", ""},
     {"miSearchDeleteMemo", u"&Delete...", "edit-delete", ""},
     {"miSearchSelectElementInTreeView", u"&Select in Tree", "view-list-tree", ""},
@@ -53,6 +55,7 @@ constexpr CommandRow commands[] = {
     {"miPasswordExport", u"&Export...", "document-export", ""},
     {"miPasswordCategory", u"Ca&tegories...", "folder", ""},
     {"miPasswordChange", u"Change &Master Password...", "dialog-password", ""},
+    {"miPasswordLock", u"Loc&k", "object-locked", "Ctrl+Shift+L"},
     {"miPasswordLost", u"Master Password &Lost...", "dialog-warning", ""},
     {"miNoteNew", u"&New Note", "note", ""},
     {"miNoteModify", u"&Open Note", "document-edit", ""},
@@ -69,12 +72,16 @@ constexpr MenuRow menus[] = {
     {"mnuView", u"&View", "Memo Password Note Search - miViewTools miViewToolBar miViewStatusBar"},
     {"mnuCategory", u"&Category",
      "miCategoryNew miCategoryModify miCategoryDelete - miCategoryExpandAll miCategoryCollapseAll"},
-    {"mnuMemo", u"&Memo", "miMemoNew miMemoModify miMemoDelete"},
+    {"mnuMemo", u"&Memo", "miMemoNew miMemoModify miMemoDelete - miMemoPrint miMemoPrintPreview"},
     {"mnuBookmark", u"&Bookmark", "miBookmarkNew miBookmarkModify miBookmarkVisit miBookmarkDelete"},
     {"mnuToDo", u"To&Do", "miToDoNew miToDoModify miToDoDelete - miToDoIncreasePriority miToDoDecreasePriority"},
     {"mnuPassword", u"&Password",
-     "miPasswordNew miPasswordModify miPasswordDelete - miPasswordCopyUserName miPasswordCopyPwd miPasswordHideShow "
-     "miPasswordVisitURL - miPasswordCategory miPasswordChange miPasswordLost - miPasswordExport"},
+     "miPasswordNew miPasswordModify miPasswordDelete - miPasswordCopyPwd miPasswordCopyUserName miPasswordVisitURL",
+     false},
+    {"mnuVault", u"&Password",
+     "Password - miPasswordNew miPasswordModify miPasswordDelete - miPasswordCopyUserName miPasswordCopyPwd "
+     "miPasswordHideShow miPasswordVisitURL - miPasswordCategory miPasswordExport - miPasswordChange miPasswordLost "
+     "miPasswordLock"},
     {"mnuNoteColor", u"&Colour", "miNoteColorYellow miNoteColorRed miNoteColorGreen miNoteColorBlue miNoteColorWhite",
      false},
     {"mnuNote", u"&Note", "miNoteNew miNoteModify miNoteDelete - mnuNoteColor"},
@@ -91,7 +98,7 @@ constexpr BarRow bars[] = {
      "miCategoryNew - miMemoNew miMemoDelete - miBookmarkNew miBookmarkDelete - miToDoNew miToDoDelete - miHelp"},
     {"barPassword", u"Passwords",
      "miPasswordNew miPasswordModify miPasswordDelete - miPasswordCopyUserName miPasswordCopyPwd miPasswordHideShow "
-     "miPasswordVisitURL"},
+     "miPasswordVisitURL - miPasswordCategory - miPasswordLock"},
     {"barNote", u"Sticky notes", "miNoteNew miNoteModify miNoteDelete"},
 };
 

@@ -10,11 +10,14 @@
 #include "archive/ErrorTrap.h"
 #include "desktop/Clock.h"
 #include "desktop/Desktop.h"
+#include "desktop/QtClipboard.h"
 #include "desktop/QtFileDialogs.h"
 #include "desktop/QtIcons.h"
+#include "desktop/QtPrinting.h"
 #include "desktop/QtQuestions.h"
 #include "desktop/QtShell.h"
 #include "desktop/QtSound.h"
+#include "desktop/QtTermination.h"
 #include "desktop/SocketInstance.h"
 
 #include <QApplication>
@@ -87,7 +90,9 @@ int runProgram(int argc, char** argv)
     QtShell shell;
     const SystemClock clock;
     QtSound sound;
-    const Desktop desktop{questions, files, shell, clock, sound};
+    QtPrinting printing;
+    QtClipboard clipboard;
+    const Desktop desktop{questions, files, shell, clock, sound, printing, clipboard};
     if (!trapErrors(questions, u"Main"_s, [&] { prepareHome(folders); }))
         return 1;
     SocketInstance previous(folders.home);
@@ -96,5 +101,6 @@ int runProgram(int argc, char** argv)
     const std::unique_ptr<frmMain> frame = Main(program, desktop, previous);
     if (!frame)
         return previous.isRunning() ? 0 : 1; // leaving the place to the other one is no failure
+    const QtTermination termination([window = frame.get()] { window->endSession(); });
     return QApplication::exec();
 }

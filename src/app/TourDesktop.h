@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/Clipboard.h"
 #include "desktop/Desktop.h"
 #include "desktop/FileDialogs.h"
 #include "desktop/PreviousInstance.h"
+#include "desktop/Printing.h"
 #include "desktop/QtQuestions.h"
 #include "desktop/Shell.h"
 #include "desktop/Sound.h"
@@ -51,6 +53,18 @@ public:
     int waveDevices() override { return 1; }
     void play(const QString&) override { }
     void beep() override { }
+};
+
+class TourPrinting final : public Printing {
+public:
+    bool choose(QPrinter&, QWidget*) override { return false; }
+    bool setUpPage(QPrinter&, QWidget*) override { return false; }
+};
+
+class TourClipboard final : public Clipboard {
+public:
+    void copySecret(const QString&) override { }
+    void wipe() override { }
 };
 
 class TourInstance final : public PreviousInstance {

@@ -63,7 +63,9 @@ private:
     TourInstance m_previous;
     SystemClock m_clock;
     TourSound m_sound;
-    Desktop m_desktop{m_questions, m_files, m_shell, m_clock, m_sound};
+    TourPrinting m_printing;
+    TourClipboard m_clipboard;
+    Desktop m_desktop{m_questions, m_files, m_shell, m_clock, m_sound, m_printing, m_clipboard};
     std::unique_ptr<modSnipVale> m_program;
     std::unique_ptr<frmMain> m_frame;
 };

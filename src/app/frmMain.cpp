@@ -3,17 +3,10 @@
 #include "app/frmMain.h"
 
 #include "app/CommandBars.h"
+#include "app/frmHelp.h"
 #include "app/modSnipVale.h"
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
-#include "desktop/Questions.h"
-#include "explorer/BookmarkPane.h"
-#include "explorer/MemoPane.h"
-#include "explorer/SearchPane.h"
-#include "explorer/ToDoPane.h"
-#include "explorer/frmSnipValeS.h"
-#include "tasks/AlarmWindows.h"
-#include "tasks/frmSysTray.h"
 
 #include <QLabel>
 #include <QMenu>
@@ -27,18 +20,13 @@ namespace {
 
 constexpr int taskInterval = 15000; // ms
 
-// A view of the side bar and the tool bar that goes with it.
-struct ViewBar {
-    const char16_t* view;
-    const char16_t* bar;
-};
-constexpr ViewBar viewBars[] = {{u"Memo", u"barMemo"}, {u"Password", u"barPassword"}, {u"Note", u"barNote"}};
-
 } // namespace
 
 frmMain::frmMain(modSnipVale& program, const Desktop& desktop)
     : m_program(program), m_desktop(desktop), m_bars(new CommandBars(*this)), m_views(new QStackedWidget(this)),
-      m_memo(program.archive), m_bookmark(program.archive), m_toDo(program.archive), m_category(program.archive)
+      m_memo(program.archive), m_bookmark(program.archive), m_toDo(program.archive), m_category(program.archive),
+      m_note(program.archive), m_password(program.archive, m_vault), m_vault(program.archive, m_blowfish),
+      m_noteWindows(program.archive)
 {
     setObjectName(u"frmMain"_s);
     setCentralWidget(m_views);
@@ -82,106 +70,14 @@ void frmMain::makeCommands()
     makeArchiveCommands();
     makeViewCommands();
     makeExplorerCommands();
-    handle(u"miHelpWeb"_s, u"HelpWeb"_s, [this] { m_program.HelpWeb(); });
-}
-
-void frmMain::makeViewCommands()
-{
-    handle(u"Memo"_s, u"ActiveBar21_Click"_s, [this] { showView(u"Memo"_s); });
-    const auto toggle = [this](const QString& tool, QWidget* widget) {
-        m_bars->check(tool, true);
-        handle(tool, u"ActiveBar21_Click"_s, [this, tool, widget] {
-            widget->setVisible(widget->isHidden());
-            m_bars->check(tool, !widget->isHidden());
-        });
-    };
-    toggle(u"miViewTools"_s, m_bars->bar(u"barOutlook"_s));
-    toggle(u"miViewStatusBar"_s, statusBar());
-    handle(u"miViewToolBar"_s, u"ActiveBar21_Click"_s, [this] {
-        for (const ViewBar& row : viewBars) {
-            if (m_viewInFront != QStringView(row.view))
-                continue;
-            QToolBar* bar = m_bars->bar(QStringView(row.bar).toString());
-            bar->setVisible(bar->isHidden());
-            m_bars->check(u"miViewToolBar"_s, !bar->isHidden());
-        }
-    });
-}
-
-void frmMain::makeExplorerCommands()
-{
-    const auto command = [this](const char* tool, const char* routine, std::function<void(frmSnipValeS&)> action) {
-        handle(QString::fromLatin1(tool), QString::fromLatin1(routine), [this, action = std::move(action)] {
-            loadExplorer();
-            action(*m_explorer);
-        });
-    };
-    using E = frmSnipValeS;
-    command("miCategoryNew", "NewCategory", &E::NewCategory);
-    command("miCategoryModify", "ModifyCategory", &E::ModifyCategory);
-    command("miCategoryDelete", "DeleteCategory", &E::DeleteCategory);
-    command("miCategoryExpandAll", "CategoryExpandAll", [](E& e) { e.CategoryExpandAll(true); });
-    command("miCategoryCollapseAll", "CategoryExpandAll", [](E& e) { e.CategoryExpandAll(false); });
-    command("miMemoNew", "NewMemo", [](E& e) { e.memos().NewMemo(); });
-    command("miMemoModify", "ModifyMemo", [](E& e) { e.memos().ModifyMemo(); });
-    command("miMemoDelete", "DeleteMemo", [](E& e) { e.memos().DeleteMemo(); });
-    command("miBookmarkNew", "NewBookmark", [](E& e) { e.bookmarks().NewBookmark(); });
-    command("miBookmarkModify", "ModifyBookmark", [](E& e) { e.bookmarks().ModifyBookmark(); });
-    command("miBookmarkVisit", "VisitBookmark", [](E& e) { e.bookmarks().VisitBookmark(); });
-    command("miBookmarkDelete", "DeleteBookmark", [](E& e) { e.bookmarks().DeleteBookmark(); });
-    command("miToDoNew", "NewToDo", [](E& e) { e.toDos().NewToDo(); });
-    command("miToDoModify", "ModifyToDo", [](E& e) { e.toDos().ModifyToDo(); });
-    command("miToDoDelete", "DeleteToDo", [](E& e) { e.toDos().DeleteToDo(); });
-    command("miToDoIncreasePriority", "ToDoIncreasePriority", [](E& e) { e.toDos().ToDoIncreasePriority(); });
-    command("miToDoDecreasePriority", "ToDoDecreasePriority", [](E& e) { e.toDos().ToDoDecreasePriority(); });
-    command("miSearchOpenElement", "OpenSearchElement", &E::OpenSearchElement);
-    command("miSearchDeleteMemo", "DeleteSearchMemo", [](E& e) { e.search().DeleteSearchMemo(); });
-    command("miSearchSelectElementInTreeView", "SelectElementInTreeView", &E::SelectElementInTreeView);
-    handle(u"Search"_s, u"Search"_s, [this] {
-        showView(u"Memo"_s);
-        m_explorer->search().show();
-    });
+    makeVaultCommands();
+    makeNoteCommands();
+    makeToolCommands();
 }
 
 void frmMain::ActiveBar21_Click(const QString& tool)
 {
     m_bars->run(tool);
-}
-
-void frmMain::loadExplorer()
-{
-    if (m_explorer)
-        return;
-    m_explorer =
-        new frmSnipValeS({m_program.archive, m_desktop, *this, m_viewFilter, m_memo, m_bookmark, m_category}, m_views);
-    m_views->addWidget(m_explorer);
-}
-
-void frmMain::showView(const QString& name)
-{
-    if (name != "Memo"_L1)
-        return;
-    loadExplorer();
-    m_views->setCurrentWidget(m_explorer);
-    showBarOf(name);
-}
-
-void frmMain::showBarOf(const QString& view)
-{
-    m_viewInFront = view;
-    for (const ViewBar& row : viewBars) {
-        const bool isInFront = view == QStringView(row.view);
-        m_bars->bar(QStringView(row.bar).toString())->setVisible(isInFront);
-        m_bars->check(QStringView(row.view).toString(), isInFront);
-    }
-    m_bars->check(u"miViewToolBar"_s, true);
-}
-
-void frmMain::closeViews()
-{
-    m_alarms->closeAll();
-    delete m_explorer;
-    m_explorer = nullptr;
 }
 
 void frmMain::enableCommand(const QString& name, bool enabled)

@@ -7,9 +7,16 @@
 #include "desktop/FrameServices.h"
 #include "memo/cBookmark.h"
 #include "memo/cMemo.h"
+#include "notes/NoteWindows.h"
+#include "notes/cNote.h"
 #include "tasks/cToDo.h"
+#include "tasks/frmSysTray.h"
+#include "vault/cBlowfish.h"
+#include "vault/cPassword.h"
+#include "vault/modPassword.h"
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 #include <memory>
 
@@ -17,8 +24,11 @@ class AlarmWindows;
 class CommandBars;
 class QLabel;
 class QStackedWidget;
+class frmHelp;
+class frmNoteList;
+class frmOptions;
+class frmPasswordS;
 class frmSnipValeS;
-class frmSysTray;
 class modSnipVale;
 struct Desktop;
 
@@ -34,8 +44,10 @@ public:
     void OpenArchive();
     void SaveArchiveAs();
     void CompactArchive();
+    void ShowPasswordList(); // once the vault is unlocked
     void loadTray(); // at the start, once the frame is shown, and again for another archive
     void leave(); // ends the program; the close box only hides the frame
+    void endSession(); // the same without a farewell: the system waits
     void bringToFront(); // from wherever it is: minimised, hidden, behind others
 
     // FrameServices
@@ -56,11 +68,21 @@ private:
     void makeArchiveCommands();
     void makeViewCommands();
     void makeExplorerCommands();
+    void makeVaultCommands();
+    void makeNoteCommands();
+    void makeToolCommands();
     void makeReminders();
     void handle(const QString& tool, const QString& routine, std::function<void()> action);
+    void bringViewToFront(const QString& name, QWidget& view);
     void showBarOf(const QString& view);
+    void checkView();
+    void showOptions();
+    void HelpManual();
+    void showAbout();
     void closeViews();
     void loadExplorer();
+    void loadPasswords();
+    void loadNotes();
     void reportCompacted(qint64 before, qint64 now, const QString& damagedCopy);
 
     modSnipVale& m_program;
@@ -75,10 +97,20 @@ private:
     cBookmark m_bookmark;
     cToDo m_toDo;
     cCategory m_category;
+    cNote m_note;
+    cPassword m_password;
+    cBlowfish m_blowfish;
+    modPassword m_vault;
+    NoteWindows m_noteWindows;
 
-    frmSnipValeS* m_explorer = nullptr; // null while it is not loaded
+    // The views; null while they are not loaded.
+    frmSnipValeS* m_explorer = nullptr;
+    frmPasswordS* m_passwords = nullptr;
+    frmNoteList* m_notes = nullptr;
     AlarmWindows* m_alarms = nullptr;
+    QPointer<frmOptions> m_options; // while it is open
+    std::unique_ptr<frmHelp> m_help; // null until it is first asked for
     std::unique_ptr<frmSysTray> m_tray; // null until it is loaded
     QString m_viewInFront;
-    bool m_isLeaving = false;
+    UnloadReason m_reason = UnloadReason::CloseBox; // of the close event to come
 };

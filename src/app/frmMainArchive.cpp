@@ -35,7 +35,7 @@ void frmMain::makeArchiveCommands()
 void frmMain::OpenArchive()
 {
     const std::optional<QString> chosen = m_desktop.files.openFile(u"Open Archive"_s, archiveFilter);
-    if (!chosen)
+    if (!chosen || !m_noteWindows.closeNotes())
         return;
     m_program.archive.setPath(*chosen);
     setWindowTitle(m_program.captionWithPath());

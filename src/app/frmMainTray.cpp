@@ -4,6 +4,7 @@
 #include "app/CommandBars.h"
 #include "app/frmMain.h"
 #include "app/modSnipVale.h"
+#include "desktop/Clipboard.h"
 #include "desktop/Desktop.h"
 #include "desktop/QtIcons.h"
 #include "desktop/Questions.h"
@@ -45,24 +46,30 @@ void frmMain::loadTray()
 
 void frmMain::leave()
 {
-    m_isLeaving = true;
+    m_reason = UnloadReason::Code;
     close();
-    m_isLeaving = false;
+    m_reason = UnloadReason::CloseBox;
+}
+
+void frmMain::endSession()
+{
+    m_reason = UnloadReason::SessionEnd;
+    close();
 }
 
 void frmMain::closeEvent(QCloseEvent* event)
 {
-    const UnloadReason reason = m_isLeaving ? UnloadReason::Code
-        : qGuiApp->isSavingSession()        ? UnloadReason::SessionEnd
-                                            : UnloadReason::CloseBox;
-    bool cancel = false;
-    if (m_tray)
+    const UnloadReason reason = qGuiApp->isSavingSession() ? UnloadReason::SessionEnd : m_reason;
+    bool cancel = reason == UnloadReason::Code && !m_noteWindows.closeNotes();
+    if (m_tray && !cancel)
         m_tray->MeQueryUnload(*this, cancel, reason);
     event->setAccepted(!cancel);
     if (cancel)
         return;
     if (reason != UnloadReason::SessionEnd)
         m_desktop.questions.ask(u"Bye from SnipVale"_s, MessageStyle::Plain);
+    m_noteWindows.saveNotes(); // when the system ends the session, nobody can be asked
+    m_desktop.clipboard.wipe();
     TimerTask.stop();
     m_alarms->closeAll();
     if (m_tray)

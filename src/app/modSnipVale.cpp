@@ -9,7 +9,9 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QStringList>
 #include <cerrno>
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -73,6 +75,17 @@ void modSnipVale::HelpWeb()
         if (!m_shell.open(QLatin1StringView(homePage)))
             throw std::runtime_error("No program is set up to open web pages.");
     });
+}
+
+QString modSnipVale::helpFolder() const
+{
+    QStringList folders{shippedFile(u"help"_s)};
+    if (!ShippedPath.isEmpty())
+        folders.append(ShippedPath + u"/help"_s);
+    for (const QString& folder : folders)
+        if (QFile::exists(folder + u"/index.html"_s))
+            return folder;
+    throw std::runtime_error(u"The manual was not found in %1."_s.arg(folders.join(u" or "_s)).toStdString());
 }
 
 QString modSnipVale::captionAtStart() const

@@ -14,6 +14,7 @@ public:
     modSnipVale(Questions& questions, const Clock& clock, Shell& shell);
 
     QString AppPath; // the program directory, without a separator at its end; set before ReadSettings
+    QString ShippedPath; // what comes with the program and is not copied into its directory; may be empty
     QString IniFile;
     bool XPLook = false;
     Archive archive;
@@ -24,6 +25,9 @@ public:
     bool programEnds = false;
 
     void HelpWeb();
+    // Where the manual is: "help" in the program directory, else among what was shipped. Throws std::runtime_error
+    // when it is in neither.
+    QString helpFolder() const;
 
     QString captionAtStart() const; // " SnipVale 3.1.12 - [mine.sva]"
     QString captionWithPath() const; // "SnipVale 3.1.12  [/data/mine.sva]"

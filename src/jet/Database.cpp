@@ -147,6 +147,11 @@ Database openArchive(const QString& path)
     return database;
 }
 
+QString engineVersion()
+{
+    return QString::fromLatin1(sqlite3_libversion());
+}
+
 void requireArchive(const QString& path)
 {
     recognize(path);

@@ -28,6 +28,9 @@ void requireArchive(const QString& path);
 // A new, empty archive file. Throws Error, also when there is something at `path`.
 Database createArchive(const QString& path);
 
+// The version of the SQLite library that runs: "3.40.1".
+QString engineVersion();
+
 // A file that is known to be ours, also a damaged one: no check, no settings that read it. Throws Error.
 Database openUnchecked(const QString& path);
 

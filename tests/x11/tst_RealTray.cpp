@@ -70,7 +70,9 @@ private:
         ScriptedFiles files;
         ScriptedShell shell;
         FakeSound sound;
-        Desktop desktop{questions, files, shell, clock, sound};
+        ScriptedPrinting printing;
+        FakeClipboard clipboard;
+        Desktop desktop{questions, files, shell, clock, sound, printing, clipboard};
         NoInstance previous;
         modSnipVale program{questions, clock, shell};
     };
