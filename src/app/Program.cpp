@@ -19,6 +19,7 @@
 #include "desktop/QtSound.h"
 #include "desktop/QtTermination.h"
 #include "desktop/SocketInstance.h"
+#include "tasks/TrayPictures.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -76,7 +77,7 @@ int runProgram(int argc, char** argv)
     QCoreApplication::setApplicationVersion(QStringLiteral(SNIPVALE_VERSION));
     QGuiApplication::setDesktopFileName(u"snipvale"_s);
     setUpIconTheme();
-    QApplication::setWindowIcon(themedIcon(u"accessories-text-editor"_s));
+    QApplication::setWindowIcon(trayPicture(TrayPicture::Flash2));
 
     const Options options = readOptions(application);
     HomeFolders folders =
@@ -98,6 +99,7 @@ int runProgram(int argc, char** argv)
     SocketInstance previous(folders.home);
     modSnipVale program(questions, clock, shell);
     program.AppPath = folders.home;
+    program.ShippedPath = folders.shipped;
     const std::unique_ptr<frmMain> frame = Main(program, desktop, previous);
     if (!frame)
         return previous.isRunning() ? 0 : 1; // leaving the place to the other one is no failure

@@ -153,6 +153,11 @@ void Tour::run()
     dragMemo();
     newToDo();
     reminder();
+    printPreview();
+    passwords();
+    notes();
+    options();
+    help();
     m_frame->CompactArchive();
     m_frame.reset();
 }

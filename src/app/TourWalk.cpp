@@ -34,12 +34,13 @@ void Tour::start()
     prepareHome(folders);
     m_program = std::make_unique<modSnipVale>(m_questions, m_clock, m_shell);
     m_program->AppPath = folders.home;
+    m_program->ShippedPath = folders.shipped;
     m_frame = Main(*m_program, m_desktop, m_previous);
     require(m_frame != nullptr, "the program did not start");
     settle();
 }
 
-void Tour::step(const char* command, std::function<void(QWidget& window)> inWindow)
+void Tour::inner(const std::function<void()>& open, std::function<void(QWidget& window)> inWindow)
 {
     whenModalShows([this, inWindow = std::move(inWindow)](QWidget& window) {
         try {
@@ -49,7 +50,12 @@ void Tour::step(const char* command, std::function<void(QWidget& window)> inWind
             window.close();
         }
     });
-    m_frame->runCommand(QString::fromLatin1(command));
+    open();
+}
+
+void Tour::step(const char* command, std::function<void(QWidget& window)> inWindow)
+{
+    inner([&] { m_frame->runCommand(QString::fromLatin1(command)); }, std::move(inWindow));
     settle();
     if (!m_failure.empty())
         throw std::runtime_error(m_failure);

@@ -39,6 +39,8 @@ private:
     void start();
     void picture(QWidget& window, const QString& name);
     void step(const char* command, std::function<void(QWidget& window)> inWindow);
+    // Runs `open`, which shows a modal window, and `inWindow` in that window.
+    void inner(const std::function<void()>& open, std::function<void(QWidget& window)> inWindow);
     void selectCategory(const QString& name);
     void newCategory();
     void newMemo();
@@ -49,6 +51,12 @@ private:
     void dragMemo();
     void newToDo();
     void reminder();
+    void passwords();
+    void notes();
+    void options();
+    void languageStyles(QWidget& window);
+    void printPreview();
+    void help();
     void restart();
     QModelIndex category(const QString& name);
 

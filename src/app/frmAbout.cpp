@@ -3,9 +3,11 @@
 #include "app/frmAbout.h"
 
 #include "desktop/QtIcons.h"
+#include "desktop/QtToolTip.h"
 #include "jet/Database.h"
 #include "ui_frmAbout.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QDir>
 #include <QFile>
@@ -56,7 +58,7 @@ frmAbout::~frmAbout() = default;
 
 void frmAbout::showHeading()
 {
-    m_ui->imgProgram->setPixmap(themedIcon(u"accessories-text-editor"_s).pixmap(QSize(64, 64), devicePixelRatioF()));
+    m_ui->imgProgram->setPixmap(QApplication::windowIcon().pixmap(QSize(64, 64), devicePixelRatioF()));
     QFont large = font();
     large.setPointSizeF(large.pointSizeF() * 1.6);
     large.setBold(true);
@@ -69,7 +71,7 @@ void frmAbout::showFacts()
     m_ui->txtArchive->setText(QDir::toNativeSeparators(m_facts.archivePath));
     m_ui->txtProgram->setText(QDir::toNativeSeparators(m_facts.programDirectory));
     for (QLineEdit* box : {m_ui->txtArchive, m_ui->txtProgram}) {
-        box->setToolTip(box->text().toHtmlEscaped());
+        box->setToolTip(plainToolTip(box->text()));
         box->setCursorPosition(0);
     }
     // As wide as the lines of the licence; longer paths are scrolled.

@@ -6,6 +6,7 @@
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
 #include "desktop/QtIcons.h"
+#include "desktop/QtToolTip.h"
 #include "desktop/Shell.h"
 
 #include <QApplication>
@@ -200,7 +201,7 @@ void frmHelp::fillContents()
         else
             item = new QTreeWidgetItem(chapter);
         item->setText(0, section.title);
-        item->setToolTip(0, section.title.toHtmlEscaped());
+        item->setToolTip(0, plainToolTip(section.title));
         item->setData(0, PageRole, section.page);
     }
     pageChanged(m_page->source());
@@ -214,7 +215,7 @@ void frmHelp::fillHits(const QString& words)
     for (const HelpSection& section : m_book.find(words)) {
         auto* item = new QTreeWidgetItem(m_contents, {section.title});
         item->setData(0, PageRole, section.page);
-        item->setToolTip(0, helpExcerpt(section, words).toHtmlEscaped());
+        item->setToolTip(0, plainToolTip(helpExcerpt(section, words)));
     }
     if (m_contents->topLevelItemCount() == 0)
         (new QTreeWidgetItem(m_contents, {u"Nothing found"_s}))->setDisabled(true);

@@ -27,6 +27,7 @@ void showSecrets(QPushButton& button, const QList<QLineEdit*>& boxes, bool show)
 void prepareSecretBoxes(const QList<QLineEdit*>& boxes)
 {
     for (QLineEdit* box : boxes) {
+        box->setStyleSheet(u"lineedit-password-character: 42"_s); // "*" whatever the style has
         box->setMaxLength(std::numeric_limits<int>::max());
         box->setInputMethodHints(Qt::ImhSensitiveData | Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
     }
