@@ -7,6 +7,7 @@
 #include "desktop/Desktop.h"
 #include "desktop/QtIcons.h"
 #include "desktop/QtToolTip.h"
+#include "desktop/QtUnblocked.h"
 #include "desktop/Shell.h"
 
 #include <QApplication>
@@ -20,7 +21,6 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeWidget>
-#include <QWindow>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -53,6 +53,7 @@ frmHelp::frmHelp(const QString& folder, const Desktop& desktop) : m_book(folder)
     const int letter = fontMetrics().averageCharWidth();
     splitter->setSizes({letter * 40, letter * 110});
     resize(QSize(letter * 150, fontMetrics().lineSpacing() * 42).boundedTo(screen()->availableSize() * 0.9));
+    new QtUnblocked(*this);
     fillContents();
     connect(m_page, &QTextBrowser::anchorClicked, this, &frmHelp::followLink);
     connect(m_page, &QTextBrowser::sourceChanged, this, &frmHelp::pageChanged);
@@ -337,26 +338,4 @@ bool frmHelp::eventFilter(QObject* watched, QEvent* event)
         return true;
     }
     return QWidget::eventFilter(watched, event);
-}
-
-bool frmHelp::event(QEvent* event)
-{
-    const bool isHandled = QWidget::event(event);
-    if (event->type() == QEvent::WindowBlocked)
-        stayUnblocked();
-    return isHandled;
-}
-
-// A modal window blocks all others but those that belong to it: the manual belongs to whatever it is read about, and to
-// the one behind that when it goes.
-void frmHelp::stayUnblocked()
-{
-    const QWidget* modal = QApplication::activeModalWidget();
-    QWindow* owner = modal ? modal->windowHandle() : nullptr;
-    if (!windowHandle() || owner == windowHandle())
-        return;
-    windowHandle()->setTransientParent(owner);
-    if (owner)
-        connect(owner, &QWindow::visibleChanged, this, &frmHelp::stayUnblocked,
-                Qt::ConnectionType(Qt::QueuedConnection | Qt::UniqueConnection));
 }

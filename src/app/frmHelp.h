@@ -27,7 +27,6 @@ public:
     void showPage(const QString& page); // "memos.html#find"; "" for the contents. Brings the window to the front.
 
 protected:
-    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override; // the keys of the text boxes
 
 private:
@@ -49,7 +48,6 @@ private:
     void showFindBar();
     void findInPage(bool backward);
     void leave(); // Escape: the find bar, then the window
-    void stayUnblocked();
 
     HelpBook m_book;
     const Desktop& m_desktop;

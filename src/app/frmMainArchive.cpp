@@ -11,6 +11,8 @@
 #include "desktop/Questions.h"
 #include "explorer/frmSnipValeS.h"
 #include "jet/Maintenance.h"
+#include "notes/frmNoteList.h"
+#include "vault/frmPasswordS.h"
 
 #include <QFileInfo>
 #include <QToolBar>
@@ -98,4 +100,8 @@ void frmMain::reportCompacted(qint64 before, qint64 now, const QString& damagedC
                             MessageStyle::Exclamation);
     if (m_explorer)
         m_explorer->LoadTreeView();
+    if (m_notes)
+        m_notes->MakeLvwContents();
+    if (m_passwords)
+        m_passwords->setInFront(m_viewInFront == "Password"_L1);
 }

@@ -56,6 +56,6 @@ void frmMain::HelpManual()
 
 void frmMain::showAbout()
 {
-    frmAbout about({m_program.archive.ArchivePath(), m_program.AppPath, m_program.shippedFile(u"LICENSE"_s)}, this);
+    frmAbout about({m_program.archive.ArchivePath(), m_program.AppPath, m_program.ShippedPath + u"/LICENSE"_s}, this);
     about.exec();
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The views of the frame: explorer, password list, list of notes; and the commands that go to them.
 #include "app/CommandBars.h"
+#include "app/frmHelp.h"
 #include "app/frmMain.h"
 #include "app/modSnipVale.h"
 #include "desktop/Clipboard.h"
@@ -117,13 +118,16 @@ void frmMain::makeVaultCommands()
     command("miPasswordVisitURL", "VisitURLPassword", &P::VisitURLPassword);
     command("miPasswordExport", "ExportPasswordsToTextFile", &P::ExportPasswordsToTextFile);
     command("miPasswordCategory", "showCategories", &P::showCategories);
-    command("miPasswordLock", "Lock", &P::Lock);
+    handle(u"miPasswordLock"_s, u"Lock"_s, [this] {
+        if (m_passwords)
+            m_passwords->Lock();
+    });
     for (const QString& tool : {u"New"_s, u"Modify"_s, u"Delete"_s, u"CopyPwd"_s, u"CopyUserName"_s, u"HideShow"_s,
                                 u"VisitURL"_s, u"Export"_s, u"Category"_s, u"Lock"_s})
         m_bars->enable(u"miPassword"_s + tool, false); // the list enables them once it is unlocked
     handle(u"miPasswordChange"_s, u"ActiveBar21_Click"_s, [this] {
         if (changeMasterPassword(m_vault, m_desktop, this) && m_passwords)
-            m_passwords->enableCommands();
+            m_passwords->setInFront(m_viewInFront == "Password"_L1);
     });
     handle(u"miPasswordLost"_s, u"ActiveBar21_Click"_s, [this] {
         if (resetMasterPassword(m_vault, m_desktop, this) && m_passwords)
@@ -189,7 +193,8 @@ void frmMain::ShowPasswordList()
 
 void frmMain::showView(const QString& name)
 {
-    if (name == m_viewInFront && m_views->currentWidget()) {
+    const bool isLocked = name == "Password"_L1 && !m_vault.isUnlocked();
+    if (name == m_viewInFront && m_views->currentWidget() && !isLocked) {
         showBarOf(name);
     } else if (name == "Memo"_L1) {
         loadExplorer();
@@ -234,6 +239,7 @@ void frmMain::closeViews()
     m_explorer = nullptr;
     m_passwords = nullptr;
     m_notes = nullptr;
+    m_help.reset();
     m_vault.lock();
     m_desktop.clipboard.wipe();
 }

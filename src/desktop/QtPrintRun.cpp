@@ -13,6 +13,7 @@
 #include <QTemporaryFile>
 #include <algorithm>
 #include <limits>
+#include <numeric>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -183,8 +184,7 @@ bool paintPages(PrintPages& pages, QPrinter& printer, QWidget* parent)
     Progress progress(parent);
     if (!layOut(pages, printer, progress))
         return false;
-    std::vector<int> all;
-    for (int page = 0; page < pages.pageCount(); ++page)
-        all.push_back(page);
+    std::vector<int> all(size_t(pages.pageCount()));
+    std::iota(all.begin(), all.end(), 0);
     return paintList(pages, printer, all, progress, false);
 }

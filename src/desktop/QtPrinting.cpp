@@ -25,7 +25,8 @@ QString proposedFile(const QPrinter& printer)
     name = name.trimmed();
     if (name.isEmpty() || name.startsWith(u'.'))
         name.prepend(u"print"_s);
-    return QDir(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)).filePath(name + u".pdf"_s);
+    const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    return (documents.exists() ? documents : QDir::home()).filePath(name + u".pdf"_s);
 }
 
 } // namespace

@@ -93,7 +93,8 @@ void frmSnipVale::makeCodeBar()
         {u"Open", u"Open File", u"document-open", [this] { openCodeFile(); }},
         {u"Save", u"Save to file", u"document-save", [this] { saveCodeFile(); }},
         {},
-        {u"Print", u"Print", u"document-print", [this] { PrintDoc(); }},
+        {u"Print", u"Print", u"document-print", nullptr}, // this key does nothing, so it is not shown
+        {u"PrintMemo", u"Print the memo", u"document-print", [this] { PrintDoc(); }},
         {},
         {u"Cut", u"Cut", u"edit-cut", message(SCI_CUT)},
         {u"Copy", u"Copy", u"edit-copy", message(SCI_COPY)},
@@ -119,6 +120,7 @@ void frmSnipVale::makeCodeBar()
                                    m_ui->tbToolBarMemo);
         action->setObjectName(QStringView(row.key).toString());
         action->setEnabled(bool(row.run));
+        action->setVisible(bool(row.run));
         m_ui->tbToolBarMemo->addAction(action);
         if (row.run)
             connect(action, &QAction::triggered, this, row.run);
@@ -134,7 +136,7 @@ void frmSnipVale::makeCodeBar()
 // The button prints; its arrow offers the preview as well.
 void frmSnipVale::makePrintMenu()
 {
-    auto* print = m_ui->tbToolBarMemo->findChild<QAction*>(u"Print"_s);
+    auto* print = m_ui->tbToolBarMemo->findChild<QAction*>(u"PrintMemo"_s);
     print->setShortcut(QKeySequence::Print);
     print->setToolTip(u"Print the memo (%1)"_s.arg(print->shortcut().toString(QKeySequence::NativeText)));
     auto* menu = new QMenu(this);

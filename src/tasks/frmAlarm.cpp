@@ -7,13 +7,13 @@
 #include "desktop/Clock.h"
 #include "desktop/QtIcons.h"
 #include "desktop/QtToolTip.h"
+#include "desktop/QtUnblocked.h"
 #include "tasks/TrayPictures.h"
 #include "tasks/cAlarm.h"
 #include "ui_frmAlarm.h"
 
 #include <QApplication>
 #include <QLocale>
-#include <QWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -47,6 +47,7 @@ frmAlarm::frmAlarm(Archive& archive) : m_ui(std::make_unique<Ui::frmAlarm>()), m
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmAlarm::cmdOK_Click);
     connect(m_ui->cmdClose, &QPushButton::clicked, this, &QDialog::reject);
     m_ui->optAlarm_0->setChecked(true);
+    new QtUnblocked(*this);
 }
 
 frmAlarm::~frmAlarm() = default;
@@ -92,20 +93,4 @@ void frmAlarm::cmdOK_Click()
     bool isGone = false;
     if (keepError(error, [&] { isGone = !readAlarm(m_archive, ToDoID); }) && isGone)
         reject();
-}
-
-bool frmAlarm::event(QEvent* event)
-{
-    const bool isHandled = QDialog::event(event);
-    if (event->type() == QEvent::WindowBlocked)
-        stayUnblocked();
-    return isHandled;
-}
-
-// A modal window blocks all others but those that belong to it.
-void frmAlarm::stayUnblocked()
-{
-    const QWidget* modal = QApplication::activeModalWidget();
-    if (modal && modal->windowHandle() && windowHandle() && modal->windowHandle() != windowHandle())
-        windowHandle()->setTransientParent(modal->windowHandle());
 }

@@ -26,12 +26,8 @@ public:
     bool ShowAlert(QString& error);
     void setWaiting(qsizetype reminders); // how many have no pop-up yet for want of room
 
-protected:
-    bool event(QEvent* event) override;
-
 private:
     void cmdOK_Click();
-    void stayUnblocked();
 
     std::unique_ptr<Ui::frmAlarm> m_ui;
     Archive& m_archive;

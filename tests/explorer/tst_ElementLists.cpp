@@ -88,7 +88,8 @@ void tst_ElementLists::bookmarks()
     QCOMPARE(model.index(0, 1).data(Qt::UserRole).toString(), u"1 B_ID"_s);
     QCOMPARE(model.index(0, 0).data(Qt::UserRole + 1).toString(), u"bookmark"_s);
     // A tip is plain text, whatever it looks like.
-    QCOMPARE(model.index(0, 1).data(Qt::ToolTipRole).toString(), u"<p style='white-space:pre-wrap'>https://x.org/?a=1&amp;b=&lt;2&gt;</p>"_s);
+    QCOMPARE(model.index(0, 1).data(Qt::ToolTipRole).toString(),
+             u"<p style='white-space:pre-wrap'>https://x.org/?a=1&amp;b=&lt;2&gt;</p>"_s);
 }
 
 void tst_ElementLists::toDos()

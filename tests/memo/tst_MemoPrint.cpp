@@ -281,7 +281,7 @@ void tst_MemoPrint::fromTheEditor()
                  text.contains(u"stored note"_s),
              qPrintable(text));
     auto* bar = editor.findChild<QToolBar*>(u"tbToolBarMemo"_s);
-    auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(bar->findChild<QAction*>(u"Print"_s)));
+    auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(bar->findChild<QAction*>(u"PrintMemo"_s)));
     QCOMPARE(button->menu()->actions().size(), 2);
     QString title;
     whenModal([&](QWidget& window) {
