@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/QtIcons.h"
 
+#include "desktop/QtDrawnIcon.h"
+
 #include <QApplication>
 #include <QIconEngine>
 #include <QPainter>
@@ -69,18 +71,10 @@ private:
 };
 
 // A vector drawing, so that it is sharp at every scale.
-class DotIcon final : public QIconEngine {
+class DotIcon final : public DrawnIcon {
 public:
     explicit DotIcon(const QColor& color) : m_color(color) { }
 
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
-    {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, QRect(QPoint(), size), mode, state);
-        return pixmap;
-    }
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
     {
         painter->setRenderHint(QPainter::Antialiasing);

@@ -5,9 +5,7 @@
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
 #include "desktop/FileDialogs.h"
-#include "desktop/QtColor.h"
 #include "desktop/QtIcons.h"
-#include "desktop/Questions.h"
 #include "memo/MemoPrint.h"
 #include "memo/ScintillaView.h"
 #include "memo/cMemo.h"
@@ -21,7 +19,6 @@
 #include "ui_frmSnipVale.h"
 
 #include <QMenu>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -204,18 +201,11 @@ void frmSnipVale::makeNoteBar()
     setup.icon = themedIcon;
     auto* bar = new RichTextBar(notes, setup, m_ui->noteBody);
     bar->setIconSize(m_ui->tbToolBarMemo->iconSize());
-    bar->setPickColor([this](const QColor& initial) { return pickColor(m_context.desktop.files, initial); });
     m_ui->layNoteBody->insertWidget(0, bar);
-    QWidget* before = m_ui->imgNoteEqual; // the bar was made last and stands here
-    for (QWidget* stop : {bar->findChild<QWidget*>(setup.fontName), bar->findChild<QWidget*>(setup.fontSize),
-                          bar->widgetForAction(bar->command(u"Open"_s))})
-        setTabOrder(std::exchange(before, stop), stop);
+    bar->join(m_context.desktop, m_ui->imgNoteEqual);
     connect(bar, &RichTextBar::openRequested, this, &frmSnipVale::openNoteFile);
     connect(bar, &RichTextBar::printRequested, this, &frmSnipVale::printNotes);
     notes.setMenuNames({u"mnuMemoNote"_s, u"mnuMemoNoteCut"_s, u"mnuMemoNoteCopy"_s, u"mnuMemoNotePaste"_s});
-    notes.setConfirm([this](const QString& text) {
-        return m_context.archive.questions().ask(text, MessageStyle::YesNoDefaultNo) == Answer::Yes;
-    });
     connect(&notes, &RichTextBox::linkActivated, this, [this](const QString& address) {
         if (address.startsWith("http://"_L1) || address.startsWith("https://"_L1))
             openAddress(address);

@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "notes/NoteColors.h"
 
+#include "desktop/QtDrawnIcon.h"
+
 #include <QHash>
-#include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
 #include <QToolTip>
@@ -65,18 +66,10 @@ QPalette paletteOf(const NoteColors& colors)
 }
 
 // A sheet whose lower right corner is turned up. A vector drawing, sharp at every scale.
-class SheetIcon final : public QIconEngine {
+class SheetIcon final : public DrawnIcon {
 public:
     explicit SheetIcon(const QColor& paper) : m_paper(paper) { }
 
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
-    {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, QRect(QPoint(), size), mode, state);
-        return pixmap;
-    }
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
     {
         const qreal unit = std::min(rect.width(), rect.height()) / 16.0;

@@ -2,12 +2,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "richtext/RichTextBar.h"
 
+#include "desktop/Desktop.h"
+#include "desktop/QtColor.h"
+#include "desktop/Questions.h"
+
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QKeyEvent>
 #include <QListView>
 #include <QSignalBlocker>
 #include <QToolButton>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -182,6 +187,17 @@ void RichTextBar::setUpButtons()
         if (action->isVisible() && std::exchange(isFirst, false))
             button->setFocusPolicy(Qt::TabFocus);
     }
+}
+
+void RichTextBar::join(const Desktop& desktop, QWidget* before)
+{
+    setPickColor([&desktop](const QColor& initial) { return pickColor(desktop.files, initial); });
+    m_box.setConfirm([&desktop](const QString& text) {
+        return desktop.questions.ask(text, MessageStyle::YesNoDefaultNo) == Answer::Yes;
+    });
+    for (QWidget* stop :
+         {static_cast<QWidget*>(m_family), static_cast<QWidget*>(m_points), widgetForAction(command(u"Open"_s))})
+        setTabOrder(std::exchange(before, stop), stop);
 }
 
 QAction* RichTextBar::command(const QString& key) const

@@ -10,6 +10,7 @@
 #include <optional>
 
 class QComboBox;
+struct Desktop;
 
 // The tool bar over a RichTextBox. Its buttons show the state of the selection and follow it.
 class RichTextBar : public QToolBar {
@@ -32,6 +33,9 @@ public:
 
     QAction* command(const QString& key) const; // null when the key is not on this bar
     void setPickColor(PickColor pick) { m_pickColor = std::move(pick); }
+    // For the bar of an editor, once it is in its layout: colours and the box's questions go through the desktop, which
+    // outlives the bar, and the bar's stops follow `before` in the tab order.
+    void join(const Desktop& desktop, QWidget* before);
 
 signals:
     void openRequested();

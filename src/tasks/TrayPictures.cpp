@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/TrayPictures.h"
 
-#include <QIconEngine>
+#include "desktop/QtDrawnIcon.h"
+
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
@@ -62,18 +63,10 @@ void drawBell(QPainter& painter, const PixelGrid& grid)
     painter.drawEllipse(QRectF(middle - clapper, grid.at(12), 2 * clapper, std::max(2.0, grid.at(2))));
 }
 
-class TrayEngine final : public QIconEngine {
+class TrayEngine final : public DrawnIcon {
 public:
     explicit TrayEngine(TrayPicture picture) : m_picture(picture) { }
 
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
-    {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, QRect(QPoint(), size), mode, state);
-        return pixmap;
-    }
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override
     {
         const int size = std::min(rect.width(), rect.height());

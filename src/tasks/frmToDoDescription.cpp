@@ -5,9 +5,7 @@
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
 #include "desktop/FileDialogs.h"
-#include "desktop/QtColor.h"
 #include "desktop/QtIcons.h"
-#include "desktop/Questions.h"
 #include "desktop/Shell.h"
 #include "richtext/RichTextBar.h"
 #include "richtext/RichTextBox.h"
@@ -17,7 +15,6 @@
 
 #include <optional>
 #include <stdexcept>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -36,21 +33,14 @@ void frmToDo::makeNoteBar()
     setup.icon = themedIcon;
     auto* bar = new RichTextBar(notes, setup, this);
     bar->setIconSize({16, 16});
-    bar->setPickColor([this](const QColor& initial) { return pickColor(m_context.desktop.files, initial); });
     m_ui->layDescription->insertWidget(0, bar);
-    QWidget* before = m_ui->txtName; // the bar came last and stands here
-    for (QWidget* stop : {bar->findChild<QWidget*>(setup.fontName), bar->findChild<QWidget*>(setup.fontSize),
-                          bar->widgetForAction(bar->command(u"Open"_s))})
-        setTabOrder(std::exchange(before, stop), stop);
+    bar->join(m_context.desktop, m_ui->txtName);
     connect(bar, &RichTextBar::openRequested, this, &frmToDo::openNoteFile);
     connect(bar, &RichTextBar::printRequested, this, &frmToDo::printNotes);
     QList<QAction*> toggles;
     for (const QString& key : {u"Bold"_s, u"Italic"_s, u"Underline"_s, u"Align Left"_s, u"Center"_s, u"Align Right"_s})
         toggles.append(bar->command(key));
     notes.addMenuActions(toggles);
-    notes.setConfirm([this](const QString& text) {
-        return m_context.archive.questions().ask(text, MessageStyle::YesNoDefaultNo) == Answer::Yes;
-    });
     connect(&notes, &RichTextBox::linkActivated, this, &frmToDo::openLink);
 }
 
