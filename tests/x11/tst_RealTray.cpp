@@ -97,6 +97,8 @@ void tst_RealTray::init()
         if (auto* tray = qobject_cast<frmSysTray*>(window))
             m_tray = tray;
     QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    for (QRect before; m_window->frameGeometry() != before; QTest::qWait(200)) // until its frame stands
+        before = m_window->frameGeometry();
 }
 
 void tst_RealTray::cleanup()
