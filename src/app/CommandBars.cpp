@@ -6,11 +6,13 @@
 #include "desktop/QtIcons.h"
 
 #include <QAction>
+#include <QHelpEvent>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
 #include <QToolButton>
+#include <QToolTip>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -25,6 +27,9 @@ CommandBars::CommandBars(QMainWindow& frame) : QObject(&frame), m_frame(frame)
 
 void CommandBars::makeActions()
 {
+    for (const NeedRow& row : needTable())
+        for (const QString& name : QString::fromLatin1(row.commands).split(u' '))
+            m_needs.insert(name, QStringView(row.need).toString());
     for (const CommandRow& row : commandTable()) {
         const QString name = QString::fromLatin1(row.name);
         auto* action = new QAction(QStringView(row.caption).toString(), &m_frame);
@@ -33,16 +38,22 @@ void CommandBars::makeActions()
         action->setMenuRole(QAction::NoRole);
         if (*row.icon)
             action->setIcon(themedIcon(QString::fromLatin1(row.icon)));
-        QString tip = action->text().remove(u'&').remove(u"..."_s);
-        if (*row.shortcut) {
+        if (*row.shortcut)
             action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
-            tip += u" ("_s + action->shortcut().toString(QKeySequence::NativeText) + u')';
-        }
-        action->setToolTip(tip);
-        action->setEnabled(false);
         connect(action, &QAction::triggered, this, [this, name] { run(name); });
         m_actions.insert(name, action);
+        enable(name, false);
     }
+}
+
+QString CommandBars::toolTip(const QString& name) const
+{
+    const QAction& tool = *action(name);
+    QString tip = tool.text().remove(u'&').remove(u"..."_s);
+    if (!tool.shortcut().isEmpty())
+        tip += u" ("_s + tool.shortcut().toString(QKeySequence::NativeText) + u')';
+    const QString need = m_needs.value(name);
+    return tool.isEnabled() || need.isEmpty() ? tip : tip + u'\n' + need;
 }
 
 template <typename Target>
@@ -64,6 +75,7 @@ void CommandBars::makeMenus()
         auto* menu = new QMenu(QStringView(row.title).toString(), &m_frame);
         menu->setObjectName(QString::fromLatin1(row.name));
         fill(*menu, row.items);
+        menu->installEventFilter(this);
         m_menus.insert(menu->objectName(), menu);
         if (row.inMenuBar)
             m_frame.menuBar()->addMenu(menu);
@@ -104,8 +116,24 @@ void CommandBars::run(const QString& name)
 
 void CommandBars::enable(const QString& name, bool enabled)
 {
-    if (QAction* action = m_actions.value(name))
-        action->setEnabled(enabled && m_handlers.contains(name));
+    QAction* action = m_actions.value(name);
+    if (!action)
+        return;
+    action->setEnabled(enabled && m_handlers.contains(name));
+    action->setToolTip(toolTip(name));
+}
+
+// Only of what is grey: an entry that can be chosen tells itself what it does.
+bool CommandBars::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QObject::eventFilter(watched, event);
+    auto* menu = static_cast<QMenu*>(watched);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const QAction* action = menu->actionAt(help->pos());
+    const QString need = !action || action->isEnabled() ? QString() : m_needs.value(action->objectName());
+    QToolTip::showText(help->globalPos(), need, menu); // an empty one hides the last
+    return true;
 }
 
 void CommandBars::check(const QString& name, bool checked)

@@ -35,10 +35,14 @@ public:
 signals:
     void clicked(const QString& name); // before the handler runs
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override; // the tips of the menus
+
 private:
     void makeActions();
     void makeMenus();
     void makeBars();
+    QString toolTip(const QString& name) const; // of a disabled command: with what it needs
     template <typename Target>
     void fill(Target& target, const char* items);
 
@@ -47,4 +51,5 @@ private:
     QHash<QString, QMenu*> m_menus;
     QHash<QString, QToolBar*> m_bars;
     QHash<QString, Handler> m_handlers;
+    QHash<QString, QString> m_needs; // of disabled commands
 };

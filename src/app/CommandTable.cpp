@@ -102,6 +102,24 @@ constexpr BarRow bars[] = {
     {"barNote", u"Sticky notes", "miNoteNew miNoteModify miNoteDelete"},
 };
 
+constexpr NeedRow needs[] = {
+    {"miCategoryModify miCategoryDelete", u"Click on a category in the tree first"},
+    {"miMemoNew", u"Click on a category of memos in the tree first"},
+    {"miMemoModify miMemoDelete miMemoPrint miMemoPrintPreview", u"Select a memo first"},
+    {"miBookmarkNew", u"Click on a category of bookmarks in the tree first"},
+    {"miBookmarkModify miBookmarkVisit miBookmarkDelete", u"Select a bookmark first"},
+    {"miToDoNew", u"Click on a category of to-dos in the tree first"},
+    {"miToDoModify miToDoDelete miToDoIncreasePriority miToDoDecreasePriority", u"Select a to-do first"},
+    {"miSearchOpenElement miSearchDeleteMemo miSearchSelectElementInTreeView", u"Select a hit first"},
+    {"miPasswordNew miPasswordHideShow miPasswordCategory miPasswordExport miPasswordLock",
+     u"Open the passwords first"},
+    {"miPasswordModify miPasswordDelete miPasswordCopyPwd miPasswordCopyUserName miPasswordVisitURL",
+     u"Open the passwords and select an account first"},
+    {"miNoteModify miNoteDelete miNoteColorYellow miNoteColorRed miNoteColorGreen miNoteColorBlue miNoteColorWhite",
+     u"Open the sticky notes and select one first"},
+    {"miOptionsLanguage miOptionsLanguageDetailsOpen", u"Select a language in the options first"},
+};
+
 } // namespace
 
 std::span<const CommandRow> commandTable()
@@ -117,4 +135,9 @@ std::span<const MenuRow> menuTable()
 std::span<const BarRow> barTable()
 {
     return bars;
+}
+
+std::span<const NeedRow> needTable()
+{
+    return needs;
 }

@@ -29,6 +29,13 @@ struct BarRow {
     const char* items;
 };
 
+// Why commands are disabled when they are: what the user has to do first.
+struct NeedRow {
+    const char* commands; // names between blanks
+    const char16_t* need;
+};
+
 std::span<const CommandRow> commandTable();
 std::span<const MenuRow> menuTable(); // a menu stands after those that it holds
 std::span<const BarRow> barTable();
+std::span<const NeedRow> needTable();

@@ -54,7 +54,8 @@ public:
             return picture;
         QStyleOption option;
         option.palette = QGuiApplication::palette();
-        return QApplication::style()->generatedIconPixmap(mode, picture, &option);
+        const QPixmap made = QApplication::style()->generatedIconPixmap(mode, picture, &option);
+        return mode == QIcon::Disabled ? faint(made) : made;
     }
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
     {
@@ -67,6 +68,17 @@ public:
     QIconEngine* clone() const override { return new LazyIcon(m_name); }
 
 private:
+    // The grey of the style alone can hardly be told from icons of one colour, least on a dark palette.
+    static QPixmap faint(const QPixmap& grey)
+    {
+        QPixmap picture(grey.size());
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        painter.setOpacity(0.5);
+        painter.drawPixmap(0, 0, grey);
+        return picture;
+    }
+
     QString m_name;
 };
 

@@ -51,6 +51,7 @@ void frmOptionsLanguageDetails::fillCombos()
     for (const int size : {6, 7, 8, 9, 10, 11, 12, 13, 14, 16, 18, 20, 22, 24, 28, 32, 36, 48, 72})
         m_ui->cmbFontSize->addItem(QString::number(size));
     m_ui->cmbFontSize->lineEdit()->setPlaceholderText(u"Default"_s);
+    m_ui->cmbFontSize->setCompleter(nullptr); // a typed 1 is not meant for a 10, and Enter goes to OK at once
     m_ui->cmbFontSize->setValidator(new QIntValidator(1, largestSize, this));
 }
 

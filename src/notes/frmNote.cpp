@@ -22,6 +22,7 @@ namespace {
 
 constexpr int columns = 44; // average letters, and lines, of a note that was just opened
 constexpr int lines = 13;
+constexpr int dateLetters = 15; // of the shortest form of a date, with the air around it
 
 QString colorCaption(const QString& name)
 {
@@ -37,9 +38,11 @@ frmNote::frmNote(Archive& archive) : m_ui(std::make_unique<Ui::frmNote>()), m_ar
     setAttribute(Qt::WA_QuitOnClose, false); // the main window may be hidden
     setAutoFillBackground(true);
     m_ui->txtContent->document()->setDocumentMargin(fontMetrics().averageCharWidth());
-    resize(columns * fontMetrics().averageCharWidth(), lines * fontMetrics().lineSpacing());
     m_note.Color = u"yellow"_s;
     makeColorButtons();
+    const int letter = fontMetrics().averageCharWidth();
+    const int bar = m_ui->fraBar->sizeHint().width() + dateLetters * letter; // the date is no part of the hint
+    resize(std::max(columns * letter, bar), lines * fontMetrics().lineSpacing());
     wire();
     showColor();
     showHeading();

@@ -266,6 +266,9 @@ void tst_frmOptions::looks()
     QVERIFY(button->autoRaise() && !bar.isMovable());
     bars.setFlatLook(false);
     QVERIFY(!button->autoRaise() && bar.isMovable() && bar.iconSize().width() < flatSize);
+    QVERIFY(button->toolTip().contains("category of memos"_L1)); // why it is grey
+    bars.handle(u"miMemoNew"_s, [] {});
+    QCOMPARE(button->toolTip(), u"New Memo (Ctrl+N)"_s);
 }
 
 QTEST_MAIN(tst_frmOptions)
