@@ -40,7 +40,11 @@ void frmMain::makeViewCommands()
 {
     for (const ViewBar& row : viewBars) {
         const QString view = QStringView(row.view).toString();
-        handle(view, u"ActiveBar21_Click"_s, [this, view] { showView(view); });
+        handle(view, u"ActiveBar21_Click"_s, [this, view] {
+            showView(view);
+            if (m_viewInFront == view)
+                showBarOf(view);
+        });
     }
     const auto toggle = [this](const QString& tool, QWidget* widget) {
         m_bars->check(tool, true);
@@ -126,8 +130,10 @@ void frmMain::makeVaultCommands()
                                 u"VisitURL"_s, u"Export"_s, u"Category"_s, u"Lock"_s})
         m_bars->enable(u"miPassword"_s + tool, false); // the list enables them once it is unlocked
     handle(u"miPasswordChange"_s, u"ActiveBar21_Click"_s, [this] {
-        if (changeMasterPassword(m_vault, m_desktop, this) && m_passwords)
-            m_passwords->setInFront(m_viewInFront == "Password"_L1);
+        if (!changeMasterPassword(m_vault, m_desktop, this))
+            return;
+        loadPasswords(); // the vault is unlocked now, and locking it is the list's command
+        m_passwords->setInFront(m_viewInFront == "Password"_L1);
     });
     handle(u"miPasswordLost"_s, u"ActiveBar21_Click"_s, [this] {
         if (resetMasterPassword(m_vault, m_desktop, this) && m_passwords)
@@ -184,25 +190,36 @@ void frmMain::loadNotes()
 
 void frmMain::ShowPasswordList()
 {
-    if (!openVault(m_vault, m_desktop, this))
+    const bool wasUnlocked = m_vault.isUnlocked();
+    if (!openVault(m_vault, m_desktop, this)) {
+        if (wasUnlocked && !m_vault.isUnlocked() && m_passwords)
+            m_passwords->Lock(); // another file lies in the archive's place: the list is of the one before
         return;
+    }
     loadPasswords();
     bringViewToFront(u"Password"_s, *m_passwords);
     m_passwords->setInFront(true);
+    activateWindow(); // a window manager can lose the focus where a message and its window close at once
 }
 
 void frmMain::showView(const QString& name)
 {
     const bool isLocked = name == "Password"_L1 && !m_vault.isUnlocked();
     if (name == m_viewInFront && m_views->currentWidget() && !isLocked) {
-        showBarOf(name);
-    } else if (name == "Memo"_L1) {
+        checkView(); // no more: a tool bar that the user hid stays hidden, whatever command came here
+        return;
+    }
+    if (name == "Memo"_L1) {
+        const bool wasBehind = m_explorer != nullptr;
         loadExplorer();
         bringViewToFront(name, *m_explorer);
+        if (wasBehind)
+            m_explorer->cameToFront();
     } else if (name == "Note"_L1) {
         loadNotes();
         bringViewToFront(name, *m_notes);
     } else if (name == "Password"_L1) {
+        checkView(); // it is not in front while its password is asked for
         ShowPasswordList();
     }
     checkView(); // a click on the command has moved its mark, wherever that led
@@ -234,12 +251,14 @@ void frmMain::checkView()
 void frmMain::closeViews()
 {
     m_alarms->closeAll();
+    m_vault.lock();
+    if (m_passwords)
+        m_passwords->setInFront(false); // which disables its commands
     for (QWidget* view : std::initializer_list<QWidget*>{m_explorer, m_passwords, m_notes})
         delete view;
     m_explorer = nullptr;
     m_passwords = nullptr;
     m_notes = nullptr;
     m_help.reset();
-    m_vault.lock();
     m_desktop.clipboard.wipe();
 }

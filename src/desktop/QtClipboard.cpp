@@ -43,7 +43,8 @@ void QtClipboard::copySecret(const QString& text)
     // What KeePassXC and KDE agreed on; other managers of Linux desktops follow it.
     data->setData(u"x-kde-passwordManagerHint"_s, "secret");
     QGuiApplication::clipboard()->setMimeData(data.release(), QClipboard::Clipboard);
-    m_fingerprint = fingerprint(text);
+    // A picture that is copied later has the text "", too.
+    m_fingerprint = text.isEmpty() ? QByteArray() : fingerprint(text);
     m_timer.start();
 }
 

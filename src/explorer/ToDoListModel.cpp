@@ -50,7 +50,7 @@ QString ToDoListModel::cellText(int element, int column) const
     case PriorityColumn:
         return priorityText(row.priority);
     case PercentColumn:
-        return row.percent < 0 ? QString() : QString::number(row.percent) + u" %"_s;
+        return row.percent ? QString::number(*row.percent) + u" %"_s : QString();
     case StatusColumn:
         return statusText(row.status);
     case DueDateColumn:

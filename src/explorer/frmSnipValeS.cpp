@@ -197,6 +197,22 @@ void frmSnipValeS::ShowSection(const QString& section)
     m_welcome->LoadTodoTree();
 }
 
+void frmSnipValeS::cameToFront()
+{
+    const QWidget* shown = m_ui->stkSections->currentWidget();
+    if (shown == m_ui->lvwMemo)
+        m_memos->UpdateStatusBar();
+    else if (shown == m_ui->picBookmark)
+        m_bookmarks->UpdateStatusBar();
+    else if (shown == m_ui->picToDo)
+        m_toDos->UpdateStatusBar();
+    else {
+        m_welcome->ShowSummary();
+        m_welcome->LoadTodoTree();
+        m_context.frame.setStatus(u"SnipVale"_s);
+    }
+}
+
 void frmSnipValeS::CategoryExpandAll(bool expand)
 {
     if (expand)

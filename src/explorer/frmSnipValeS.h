@@ -32,6 +32,7 @@ public:
 
     void LoadTreeView();
     void tvTreeView_NodeClick(const QModelIndex& node);
+    void cameToFront(); // from behind another view: numbers that may have changed meanwhile, and the status text
     void ShowSection(const QString& section); // "Welcome", "Memo", "Bookmark", "ToDo"
     void CategoryExpandAll(bool expand);
 

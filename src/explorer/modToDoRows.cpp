@@ -22,7 +22,8 @@ void readToDoRows(Archive& archive, qint32 categoryID, std::vector<ToDoRow>& row
     for (; !set.eof(); set.moveNext())
         read.push_back({qint32(set.integer(id)), set.boolean(done), set.boolean(alarm), set.text(name),
                         qint16(set.integer(priority)), qint16(set.integer(status)),
-                        set.isNull(percent) ? qint16(-1) : qint16(set.integer(percent)), packed(set.moment(due))});
+                        set.isNull(percent) ? std::optional<qint16>() : qint16(set.integer(percent)),
+                        packed(set.moment(due))});
     rows.swap(read);
 }
 

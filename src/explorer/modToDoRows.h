@@ -5,6 +5,7 @@
 #include "explorer/modListDates.h"
 
 #include <QString>
+#include <optional>
 #include <vector>
 
 class Archive;
@@ -17,7 +18,7 @@ struct ToDoRow {
     QString name;
     qint16 priority = 0; // codes of modToDo
     qint16 status = 0;
-    qint16 percent = -1; // -1: Null
+    std::optional<qint16> percent; // none for Null
     PackedMoment dueDate;
 };
 

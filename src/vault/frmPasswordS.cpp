@@ -101,8 +101,7 @@ void frmPasswordS::enableCommands()
     for (const QString& name : {u"miPasswordModify"_s, u"miPasswordDelete"_s, u"miPasswordCopyPwd"_s,
                                 u"miPasswordCopyUserName"_s, u"miPasswordVisitURL"_s})
         enable(name, hasItem);
-    for (const QString& name : {u"miPasswordLock"_s, u"miPasswordChange"_s}) // from any view
-        enable(name, isUnlocked());
+    enable(u"miPasswordLock"_s, isUnlocked()); // from any view
 }
 
 void frmPasswordS::LoadComboCategory()
@@ -335,8 +334,8 @@ void frmPasswordS::Lock()
     m_context.frame.checkCommand(u"miPasswordHideShow"_s, false);
     m_context.vault.lock();
     enableCommands();
-    m_context.frame.setStatus(u"Passwords locked"_s);
     m_context.frame.showView(u"Memo"_s);
+    m_context.frame.setStatus(u"Passwords locked"_s);
 }
 
 // The keys of the list. They come before commands of the frame with the same ones: here Ctrl+N is an account, not a

@@ -12,9 +12,11 @@
 #include "memo/cMemo.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QTreeView>
@@ -97,6 +99,7 @@ private slots:
     void everyCommandIsThere();
     void viewCommands();
     void openArchive();
+    void passwordsStayWithTheirArchive();
     void saveCopy();
     void compact();
     void compactThatFails();
@@ -249,6 +252,11 @@ void tst_frmMain::viewCommands()
     toggles("miViewStatusBar", *p.frame->statusBar());
     p.action("Memo").trigger();
     QVERIFY(p.action("Memo").isChecked()); // a view in front stays checked
+    p.action("miViewToolBar").trigger();
+    p.action("miCategoryExpandAll").trigger(); // a command of the view does not bring back what was hidden
+    QVERIFY(!p.bar("barMemo").isVisible() && !p.action("miViewToolBar").isChecked());
+    p.action("Memo").trigger();
+    QVERIFY(p.bar("barMemo").isVisible() && p.action("miViewToolBar").isChecked());
 }
 
 void tst_frmMain::openArchive()
@@ -269,6 +277,39 @@ void tst_frmMain::openArchive()
     QCOMPARE(p.status(), u"SnipVale"_s);
     QVERIFY(p.bar("barMemo").isVisible());
     QCOMPARE(bytesOf(p.scratch.path(u"snipvale.ini"_s)), ini);
+}
+
+void tst_frmMain::passwordsStayWithTheirArchive()
+{
+    Program p;
+    p.startFresh();
+    whenModal([&](QWidget& window) {
+        QVERIFY(p.action("Memo").isChecked() && !p.action("Password").isChecked()); // not in front yet
+        for (QLineEdit* box : window.findChildren<QLineEdit*>())
+            box->setText(u"master word"_s);
+        window.findChild<QPushButton*>(u"cmdOK"_s)->click();
+    });
+    p.questions.expect(u"Master Password saved!"_s);
+    p.action("Password").trigger();
+    QVERIFY(p.bar("barPassword").isVisible() && !p.bar("barMemo").isVisible());
+    p.action("miPasswordHideShow").trigger();
+    {
+        ArchiveUnit unit(p.program->archive);
+        unit.Execute(u"INSERT INTO tab_password (title) VALUES ('t')"_s);
+    }
+    p.action("Memo").trigger(); // the summary counts anew, and its status takes the list's place
+    QCOMPARE(p.frame->findChild<QLabel*>(u"lblSummaryPassword"_s)->text().trimmed(), u"Passwords:  1"_s);
+    QCOMPARE(p.status(), u"SnipVale"_s);
+    p.action("Password").trigger();
+    const QString other = p.scratch.path(u"other.SVA"_s);
+    QVERIFY(QFile::copy(p.scratch.path(u"scratch.SVA"_s), other));
+    p.files.answers = {other};
+    p.frame->OpenArchive();
+    for (const char* command : {"miPasswordNew", "miPasswordHideShow", "miPasswordLock"})
+        QVERIFY2(!p.action(command).isEnabled() && !p.action(command).isChecked(), command);
+    whenModal([](QWidget& window) { window.close(); }); // it is asked for again
+    p.action("Password").trigger();
+    QVERIFY(p.bar("barMemo").isVisible() && p.action("Memo").isChecked() && !p.action("Password").isChecked());
 }
 
 void tst_frmMain::saveCopy()

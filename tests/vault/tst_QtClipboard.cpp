@@ -4,6 +4,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QImage>
 #include <QMimeData>
 #include <QtTest>
 
@@ -31,6 +32,12 @@ void tst_QtClipboard::aSecretIsMarkedAndGoes()
     desktop.setText(u"copied later"_s);
     QTest::qWait(250);
     QCOMPARE(desktop.text(), u"copied later"_s);
+    QImage picture(1, 1, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    clipboard.copySecret(QString()); // has the text of a picture
+    desktop.setImage(picture);
+    clipboard.wipe();
+    QVERIFY(!desktop.image().isNull());
     std::make_unique<QtClipboard>()->copySecret(u"at the end"_s);
     QCOMPARE(desktop.text(), QString());
 }
