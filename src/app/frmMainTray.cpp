@@ -55,6 +55,7 @@ void frmMain::endSession()
 {
     m_reason = UnloadReason::SessionEnd;
     close();
+    QCoreApplication::exit(); // a farewell that is still on the screen would have kept close() from doing anything
 }
 
 void frmMain::closeEvent(QCloseEvent* event)
@@ -90,8 +91,6 @@ void frmMain::bringToFront()
 {
     if (isHidden() && m_tray)
         overrideWindowState(m_tray->lastState()); // no window manager knows of a hidden one
-    setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
-    raise();
-    activateWindow();
+    toForeground(*this);
 }

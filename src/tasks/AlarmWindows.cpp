@@ -21,8 +21,9 @@ namespace {
 
 // After an answer the next pop-up takes its place so much later that the second half of a double click cannot hit it.
 constexpr int pauseAfterAnswer = 500; // ms
-constexpr int cascadeStep = 28; // pixels, as the next two
-constexpr int usualHeight = 240; // of a form in its frame
+constexpr int cascadeStep = 28; // pixels, as the next three
+constexpr int usualHeight = 202; // of a form with a name of one line
+constexpr int titleHeight = 38; // of the frame that a window manager puts around it
 constexpr int margin = 16;
 constexpr char placeProperty[] = "cascadePlace";
 
@@ -94,8 +95,8 @@ bool AlarmWindows::open(qint32 todoID, QString& error)
     return true;
 }
 
-// The first free place of a cascade down to the lower right corner of the screen that is worked on: they lie above all
-// windows, and messages appear in the middle.
+// The first free place of a cascade down the right edge to the lower corner of the screen that is worked on: they lie
+// above all windows, and messages appear in the middle.
 void AlarmWindows::place(frmAlarm& form) const
 {
     QSet<int> taken;
@@ -107,8 +108,10 @@ void AlarmWindows::place(frmAlarm& form) const
     form.setProperty(placeProperty, place);
     const QScreen* pointed = QGuiApplication::screenAt(QCursor::pos());
     const QRect screen = (pointed ? pointed : QGuiApplication::primaryScreen())->availableGeometry();
-    const QPoint last = screen.bottomRight() - QPoint(form.sizeHint().width() + margin, usualHeight + margin);
-    const QPoint wanted = last - (most - 1 - place) * QPoint(cascadeStep, cascadeStep);
+    const QSize size = form.sizeHint() + QSize(0, titleHeight);
+    const QPoint last = screen.bottomRight() - QPoint(size.width() + margin, size.height() + margin);
+    const int usual = screen.bottom() - (usualHeight + titleHeight + margin) - (most - 1 - place) * cascadeStep;
+    const QPoint wanted(last.x(), std::min(usual, last.y())); // a long name makes a form higher
     form.move(std::max(screen.left(), wanted.x()), std::max(screen.top(), wanted.y()));
 }
 

@@ -8,6 +8,7 @@
 #include "desktop/QtIcons.h"
 #include "desktop/QtToolTip.h"
 #include "desktop/QtUnblocked.h"
+#include "tasks/OptionalDate.h"
 #include "tasks/TrayPictures.h"
 #include "tasks/cAlarm.h"
 #include "ui_frmAlarm.h"
@@ -42,6 +43,7 @@ frmAlarm::frmAlarm(Archive& archive) : m_ui(std::make_unique<Ui::frmAlarm>()), m
     setWindowIcon(trayPicture(TrayPicture::Flash1));
     m_ui->imgAlarm->setPixmap(trayPicture(TrayPicture::Flash1).pixmap(QSize(48, 48), devicePixelRatioF()));
     m_ui->lblWaiting->hide();
+    m_ui->dtpAlarmDay->setDisplayFormat(shortDayFormat());
     connect(m_ui->optAlarm_1, &QRadioButton::toggled, m_ui->dtpAlarmDay, &QWidget::setEnabled);
     connect(m_ui->optAlarm_1, &QRadioButton::toggled, m_ui->dtpAlarmHour, &QWidget::setEnabled);
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmAlarm::cmdOK_Click);
@@ -84,7 +86,13 @@ void frmAlarm::cmdOK_Click()
     std::optional<jet::LocalMoment> next;
     if (m_ui->optAlarm_1->isChecked())
         next = jet::LocalMoment{m_ui->dtpAlarmDay->date(), m_ui->dtpAlarmHour->time()};
-    if (trapErrors(m_archive.questions(), u"UpdateAlarm"_s, [&] { UpdateAlarm(m_archive, ToDoID, next); })) {
+    const bool done = trapErrors(m_archive.questions(), u"UpdateAlarm"_s, [&] {
+        // What is stopped is the reminder on the form: one that an editor has meanwhile set to later stays armed.
+        const std::optional<AlarmRow> row = readAlarm(m_archive, ToDoID);
+        if (next || !row || row->isDue)
+            UpdateAlarm(m_archive, ToDoID, next);
+    });
+    if (done) {
         accept();
         return;
     }

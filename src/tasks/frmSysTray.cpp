@@ -40,6 +40,18 @@ bool isMinimizedOrHidden(const QWidget& window)
 
 } // namespace
 
+void toForeground(QWidget& window)
+{
+    QWidget* dialog = QApplication::activeModalWidget();
+    for (QWidget* each : {&window, dialog}) {
+        if (!each)
+            continue;
+        each->setWindowState(each->windowState() & ~Qt::WindowMinimized);
+        each->raise();
+        each->activateWindow();
+    }
+}
+
 frmSysTray::frmSysTray(TrayOwner owner, Questions& questions)
     : m_owner(std::move(owner)), m_questions(questions), m_icon(new QSystemTrayIcon(this)),
       mPopupMenu(new QMenu(u"&PopupMenu"_s, this)), TmrFlash(new QTimer(this)), m_watch(new QTimer(this)),
@@ -190,16 +202,14 @@ void frmSysTray::restore()
 {
     QWidget& window = m_owner.window;
     if (isMinimizedOrHidden(window))
-        maximize();
-    window.raise();
-    window.activateWindow();
+        window.showMaximized();
+    toForeground(window);
 }
 
 void frmSysTray::maximize()
 {
     m_owner.window.showMaximized();
-    m_owner.window.raise();
-    m_owner.window.activateWindow();
+    toForeground(m_owner.window);
 }
 
 void frmSysTray::leave()
@@ -220,7 +230,7 @@ void frmSysTray::MeQueryUnload(QWidget& window, bool& cancel, UnloadReason reaso
 void frmSysTray::minimize(QWidget& window)
 {
     const Qt::WindowStates minimized = window.windowState() | Qt::WindowMinimized;
-    if (!hasTray()) {
+    if (!canHide()) {
         window.setWindowState(minimized);
         return;
     }
@@ -228,11 +238,17 @@ void frmSysTray::minimize(QWidget& window)
     window.overrideWindowState(minimized);
 }
 
+// An open dialog is minimised together with its window, and an icon that the dialog blocks brings neither back.
+bool frmSysTray::canHide() const
+{
+    return hasTray() && !QApplication::activeModalWidget();
+}
+
 void frmSysTray::MeResize(QWidget& window)
 {
     if (!window.isMinimized())
         m_lastState = window.windowState() & ~Qt::WindowActive;
-    else if (hasTray())
+    else if (canHide())
         hideToTray(window);
 }
 

@@ -27,6 +27,9 @@ struct TrayOwner {
     std::function<void()> exit; // closes the window for good, which ends the program; the user may still refuse
 };
 
+// Raises a window that is shown, and the dialog that holds it, if there is one: both may be minimised.
+void toForeground(QWidget& window);
+
 // The hidden form behind the icon of the notification area: its tip, its menu, its flashing, and the rules by which
 // the main window goes there and comes back. From its first Load() on the program lives while no window is shown.
 class frmSysTray final : public QWidget {
@@ -50,7 +53,7 @@ public:
     void flash(bool isWanted); // at our own pace; the picture at rest when it ends
 
     // The main window's own close event: the close box sends it to the notification area. Where there is none at this
-    // moment it is minimised, so that it can be found again.
+    // moment, or while a dialog is open, it is minimised, so that it can be found again.
     void MeQueryUnload(QWidget& window, bool& cancel, UnloadReason reason);
     void MeResize(QWidget& window); // the main window's own change of state
     void MeUnload(); // the program ends: the icon goes
@@ -71,6 +74,7 @@ private:
     void TmrFlash_Timer();
     void sendIcon(const QIcon& picture);
     void minimize(QWidget& window);
+    bool canHide() const;
     void hideToTray(QWidget& window);
     void comeBackIfLost();
 

@@ -112,7 +112,8 @@ void tst_ElementLists::toDos()
     QCOMPARE(model.index(0, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
     QVERIFY(!model.index(0, 1).data(Qt::CheckStateRole).isValid());
     QVERIFY(!model.index(0, 1).data(Qt::DecorationRole).value<QIcon>().isNull()); // the alarm
-    model.setRows({{1, false, false, u"quiet"_s, 0, 0, 0, {}}});
+    model.setRows({{1, false, false, u"quiet"_s, 0, 0, -5, {}}});
+    QCOMPARE(rowOf(model, 0).at(ToDoListModel::PercentColumn), u"-5 %"_s); // nothing stops it in the editor
     QVERIFY(model.index(0, 1).data(Qt::DecorationRole).value<QIcon>().isNull());
     QCOMPARE(model.index(0, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
 }

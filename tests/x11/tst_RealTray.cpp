@@ -209,6 +209,16 @@ void tst_RealTray::secondStartBringsItBack()
     QTest::qWait(300); // for the window manager's last word
     QCOMPARE(m_window->geometry(), place);
     QVERIFY(!m_window->isMaximized());
+    QDialog editor(m_window.get()); // blocks the icon, and is minimised together with its window
+    editor.setWindowTitle(u"Editor under test"_s);
+    editor.setModal(true);
+    editor.show();
+    QTRY_COMPARE(onDesktop(editor.windowTitle()), 1);
+    clickTitleBar(minimizeBox);
+    QTRY_COMPARE(onDesktop(editor.windowTitle()), 0);
+    QVERIFY(m_window->isMinimized() && !m_window->isHidden());
+    m_fixture->previous.onBringToFront();
+    QTRY_COMPARE(onDesktop(editor.windowTitle()), 1);
 }
 
 void tst_RealTray::minimizeAndMenu()
