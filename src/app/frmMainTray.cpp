@@ -65,8 +65,10 @@ void frmMain::closeEvent(QCloseEvent* event)
     if (m_tray && !cancel)
         m_tray->MeQueryUnload(*this, cancel, reason);
     event->setAccepted(!cancel);
-    if (cancel)
+    if (cancel) {
+        m_noteWindows.saveEdited();
         return;
+    }
     if (reason != UnloadReason::SessionEnd)
         m_desktop.questions.ask(u"Bye from SnipVale"_s, MessageStyle::Plain);
     m_noteWindows.saveNotes(); // when the system ends the session, nobody can be asked

@@ -143,6 +143,13 @@ bool NoteWindows::saveNotes()
     return storeAll().empty();
 }
 
+void NoteWindows::saveEdited()
+{
+    for (frmNote* note : std::vector<frmNote*>(m_open))
+        if (note->isEdited())
+            note->store(); // one that fails is still open, and closing it says why
+}
+
 bool NoteWindows::closeNotes()
 {
     const std::vector<frmNote*> failed = storeAll();

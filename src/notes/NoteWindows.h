@@ -26,6 +26,7 @@ public:
     [[nodiscard]] bool closeNotes();
     // Writes all open notes and leaves them open. False when one could not be written; nothing is said.
     bool saveNotes();
+    void saveEdited(); // the same for those that were edited: the main window goes out of sight
 
 signals:
     void notesWritten(qint32 newNote); // the archive's notes are others now; the key of a new one, else 0

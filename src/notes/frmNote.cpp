@@ -100,6 +100,11 @@ bool frmNote::isBlank() const
     return m_ui->txtContent->text().trimmed().isEmpty();
 }
 
+bool frmNote::isEdited() const
+{
+    return !isBlank() && (!m_note.EditingMode || m_ui->txtContent->text() != m_shownText);
+}
+
 bool frmNote::store()
 {
     if (m_ui->txtContent->hasFocus())

@@ -24,6 +24,7 @@ public:
     bool Load(qint32 id); // shows that note; false, without a message, when it cannot be read
     qint32 noteID() const { return m_note.EditingMode ? m_note.EditingID : 0; } // 0: not in the archive yet
     bool isBlank() const; // no text but blanks
+    bool isEdited() const; // has a text that the archive does not have
 
     // Writes the note, dated now; a blank one is left as it is in the archive. False, without a message, on an error.
     bool store();

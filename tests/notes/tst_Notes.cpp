@@ -343,6 +343,10 @@ void tst_Notes::leaving()
     f.addAndShow({u"1"_s, u"2"_s});
     f.windows.open(1);
     f.windows.open(2);
+    f.changes();
+    f.box(f.open().first()).setPlainText(u"early"_s);
+    f.windows.saveEdited(); // the other one keeps its date
+    QCOMPARE(f.changes().size(), 1);
     f.windows.openNew();
     for (frmNote* note : f.open())
         f.box(note).setPlainText(u"typed"_s);
