@@ -21,7 +21,6 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeWidget>
-#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -264,10 +263,7 @@ void frmHelp::followLink(const QUrl& link)
         m_page->setSource(url);
         return;
     }
-    trapErrors(m_desktop.questions, u"HelpManual"_s, [&] {
-        if (!m_desktop.shell.open(url.toString()))
-            throw std::runtime_error("No program is set up to open this link.");
-    });
+    trapErrors(m_desktop.questions, u"HelpManual"_s, [&] { m_desktop.shell.openLink(url.toString()); });
 }
 
 // The contents follow the page, wherever it came from.

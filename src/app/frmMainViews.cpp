@@ -175,8 +175,7 @@ void frmMain::loadPasswords()
 {
     if (m_passwords)
         return;
-    m_passwords = new frmPasswordS(
-        {m_program.archive, m_desktop, *this, m_viewFilter, m_password, m_vault, m_desktop.clipboard}, m_views);
+    m_passwords = new frmPasswordS({m_program.archive, m_desktop, *this, m_viewFilter, m_password, m_vault}, m_views);
     m_views->addWidget(m_passwords);
 }
 

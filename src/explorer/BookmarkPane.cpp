@@ -11,8 +11,6 @@
 #include "explorer/BookmarkListModel.h"
 #include "memo/frmBookmark.h"
 
-#include <stdexcept>
-
 using namespace Qt::StringLiterals;
 
 BookmarkPane::BookmarkPane(ElementListView& view, const ExplorerContext& context, ElementListener& listener,
@@ -65,7 +63,7 @@ void BookmarkPane::VisitBookmark()
         const qint32 id = selectedId();
         const int row = id == 0 ? -1 : m_model->rowOf(QString::number(id) + u" B_ID"_s);
         const QString link = row < 0 ? QString() : m_model->rowAt(row).url;
-        if (!link.isEmpty() && !context().desktop.shell.open(link))
-            throw std::runtime_error("No program is set up to open this link.");
+        if (!link.isEmpty())
+            context().desktop.shell.openLink(link);
     });
 }

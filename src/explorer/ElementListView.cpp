@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/ElementListView.h"
 
+#include "desktop/QtSelection.h"
 #include "explorer/ElementListModel.h"
 #include "explorer/PictureDelegate.h"
 
@@ -10,7 +11,6 @@
 #include <QKeyEvent>
 #include <QSet>
 #include <algorithm>
-#include <utility>
 
 namespace {
 
@@ -111,15 +111,9 @@ void ElementListView::selectKey(const QString& key)
 void ElementListView::selectKeys(const QStringList& keys, const QString& current)
 {
     const QSet<QString> wanted(keys.begin(), keys.end());
-    QItemSelection selection; // of runs, not of single rows: there may be 100,000
-    int first = -1;
-    for (int row = 0, rows = wanted.isEmpty() ? 0 : model()->rowCount(); row <= rows; ++row) {
-        const bool isWanted = row < rows && wanted.contains(list()->keyOf(row));
-        if (isWanted && first < 0)
-            first = row;
-        if (!isWanted && first >= 0)
-            selection.select(model()->index(std::exchange(first, -1), 0), model()->index(row - 1, 0));
-    }
+    const QItemSelection selection = wanted.isEmpty()
+        ? QItemSelection()
+        : selectionOf(*model(), [&](int row) { return wanted.contains(list()->keyOf(row)); });
     const QModelIndex focus = model()->index(list()->rowOf(current), list()->nameColumn());
     if (focus.isValid())
         selectionModel()->setCurrentIndex(focus, QItemSelectionModel::NoUpdate);

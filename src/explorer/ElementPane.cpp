@@ -3,13 +3,13 @@
 #include "explorer/ElementPane.h"
 
 #include "archive/Archive.h"
+#include "archive/ElementQuestions.h"
 #include "archive/ErrorTrap.h"
 #include "archive/SqlText.h"
 #include "archive/cCategory.h"
 #include "desktop/FrameServices.h"
 #include "desktop/Questions.h"
 #include "explorer/ElementListModel.h"
-#include "explorer/ElementQuestions.h"
 
 #include <QHeaderView>
 #include <QScrollBar>

@@ -3,12 +3,12 @@
 #include "explorer/SearchPane.h"
 
 #include "archive/Archive.h"
+#include "archive/ElementQuestions.h"
 #include "archive/ErrorTrap.h"
 #include "archive/SqlText.h"
 #include "desktop/FrameServices.h"
 #include "desktop/QtIcons.h"
 #include "desktop/Questions.h"
-#include "explorer/ElementQuestions.h"
 #include "explorer/modBookmarkRows.h"
 #include "explorer/modMemoRows.h"
 #include "explorer/modToDoRows.h"

@@ -4,6 +4,7 @@
 
 #include "archive/Archive.h"
 #include "archive/ElementListener.h"
+#include "archive/ElementQuestions.h"
 #include "archive/ErrorTrap.h"
 #include "archive/cViewFilter.h"
 #include "desktop/Desktop.h"
@@ -15,7 +16,6 @@
 
 #include <QLocale>
 #include <QShortcut>
-#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -169,18 +169,13 @@ void frmBookmark::VisitBookmark()
     const QString link = m_ui->txtLink->text();
     if (link.isEmpty())
         return;
-    trapErrors(m_context.archive.questions(), u"VisitBookmark"_s, [&] {
-        if (!m_context.desktop.shell.open(link))
-            throw std::runtime_error("No program is set up to open this link.");
-    });
+    trapErrors(m_context.archive.questions(), u"VisitBookmark"_s, [&] { m_context.desktop.shell.openLink(link); });
 }
 
 // Escape or the close box: perhaps by accident.
 void frmBookmark::reject()
 {
-    if (m_isDirty &&
-        m_context.archive.questions().ask(u"Close without saving changes?"_s, MessageStyle::YesNoDefaultNo) !=
-            Answer::Yes)
+    if (m_isDirty && !mayDropChanges(m_context.archive.questions()))
         return;
     QDialog::reject();
 }

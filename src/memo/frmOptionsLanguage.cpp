@@ -3,6 +3,7 @@
 #include "memo/frmOptionsLanguage.h"
 
 #include "archive/Archive.h"
+#include "archive/ElementQuestions.h"
 #include "archive/ErrorTrap.h"
 #include "archive/SqlText.h"
 #include "desktop/Desktop.h"
@@ -212,8 +213,7 @@ void frmOptionsLanguage::cmdOK_Click()
 
 void frmOptionsLanguage::reject()
 {
-    if (isDirty() &&
-        m_desktop.questions.ask(u"Close without saving changes?"_s, MessageStyle::YesNoDefaultNo) != Answer::Yes)
+    if (isDirty() && !mayDropChanges(m_desktop.questions))
         return;
     QDialog::reject();
 }

@@ -4,6 +4,7 @@
 
 #include "archive/Archive.h"
 #include "archive/ElementListener.h"
+#include "archive/ElementQuestions.h"
 #include "archive/ErrorTrap.h"
 #include "archive/cViewFilter.h"
 #include "desktop/Desktop.h"
@@ -173,10 +174,7 @@ void frmSnipVale::updateLinkButton()
 
 void frmSnipVale::openAddress(const QString& address)
 {
-    trapErrors(m_context.archive.questions(), u"cmdUrl_Click"_s, [&] {
-        if (!m_context.desktop.shell.open(address))
-            throw std::runtime_error("No program is set up to open this link.");
-    });
+    trapErrors(m_context.archive.questions(), u"cmdUrl_Click"_s, [&] { m_context.desktop.shell.openLink(address); });
 }
 
 bool frmSnipVale::transfer()
@@ -246,9 +244,7 @@ void frmSnipVale::cmdApply_Click()
 
 void frmSnipVale::reject()
 {
-    if (m_isDirty &&
-        m_context.archive.questions().ask(u"Close without saving changes?"_s, MessageStyle::YesNoDefaultNo,
-                                          u"SnipVale"_s) != Answer::Yes)
+    if (m_isDirty && !mayDropChanges(m_context.archive.questions()))
         return;
     QDialog::reject();
 }

@@ -190,9 +190,6 @@ void frmSnipVale::makeNoteBar()
 {
     RichTextBox& notes = *m_ui->rtfMemoNotes;
     RichTextBar::Setup setup;
-    setup.bar = u"tbToolBarNote"_s;
-    setup.fontName = u"cmbFontName"_s;
-    setup.fontSize = u"cmbFontSize"_s;
     setup.keys = {u"New"_s,    u"Open"_s,    u"Save"_s,       u"Print"_s,  u"|"_s,           u"Cut"_s,
                   u"Copy"_s,   u"Paste"_s,   u"|"_s,          u"Bold"_s,   u"Italic"_s,      u"Underline"_s,
                   u"Color"_s,  u"|"_s,       u"Align Left"_s, u"Center"_s, u"Align Right"_s, u"|"_s,

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "notes/NoteListView.h"
+#include "desktop/QtSelection.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -85,15 +86,9 @@ void NoteListView::refill(std::vector<NoteRow> rows)
     const int next = kept >= 0 ? kept : std::min(focus, m_list->rowCount() - 1);
     if (next >= 0)
         selectionModel()->setCurrentIndex(m_list->index(next), QItemSelectionModel::NoUpdate);
-    QItemSelection selection; // of runs, not of single rows
-    int first = -1;
-    for (int row = 0, count = wanted.isEmpty() ? 0 : m_list->rowCount(); row <= count; ++row) {
-        const bool isWanted = row < count && wanted.contains(m_list->idOf(row));
-        if (isWanted && first < 0)
-            first = row;
-        if (!isWanted && first >= 0)
-            selection.select(m_list->index(std::exchange(first, -1)), m_list->index(row - 1));
-    }
+    const QItemSelection selection = wanted.isEmpty()
+        ? QItemSelection()
+        : selectionOf(*m_list, [&](int row) { return wanted.contains(m_list->idOf(row)); });
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
     doItemsLayout();
     verticalScrollBar()->setValue(seen);

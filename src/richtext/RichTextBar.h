@@ -17,7 +17,10 @@ class RichTextBar : public QToolBar {
     Q_OBJECT
 public:
     struct Setup {
-        QString bar, fontName, fontSize; // object names
+        // Object names.
+        QString bar = QStringLiteral("tbToolBarNote");
+        QString fontName = QStringLiteral("cmbFontName");
+        QString fontSize = QStringLiteral("cmbFontSize");
         // The buttons in their order, "|" for a separator; an unknown key is left out. Known are "New", "Open",
         // "Save", "Print", "Cut", "Copy", "Paste", "Bold", "Italic", "Underline", "Align Left", "Center",
         // "Align Right", "Color", "Number", "Numbers", "Bullets", "Outdent" and "Indent". "New", "Save",

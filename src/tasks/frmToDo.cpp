@@ -4,6 +4,7 @@
 
 #include "archive/Archive.h"
 #include "archive/ElementListener.h"
+#include "archive/ElementQuestions.h"
 #include "archive/ErrorTrap.h"
 #include "archive/cViewFilter.h"
 #include "desktop/Clock.h"
@@ -311,9 +312,7 @@ void frmToDo::cmdOK_Click()
 // Escape or the close box: perhaps by accident.
 void frmToDo::reject()
 {
-    if (m_isDirty &&
-        m_context.archive.questions().ask(u"Close without saving changes?"_s, MessageStyle::YesNoDefaultNo) !=
-            Answer::Yes)
+    if (m_isDirty && !mayDropChanges(m_context.archive.questions()))
         return;
     QDialog::reject();
 }

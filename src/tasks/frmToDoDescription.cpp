@@ -14,7 +14,6 @@
 #include "ui_frmToDo.h"
 
 #include <optional>
-#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -22,9 +21,6 @@ void frmToDo::makeNoteBar()
 {
     RichTextBox& notes = *m_ui->rtfDescription;
     RichTextBar::Setup setup;
-    setup.bar = u"tbToolBarNote"_s;
-    setup.fontName = u"cmbFontName"_s;
-    setup.fontSize = u"cmbFontSize"_s;
     setup.keys = {u"New"_s,     u"Open"_s,       u"Save"_s,    u"Print"_s,       u"|"_s,      u"Cut"_s,
                   u"Copy"_s,    u"Paste"_s,      u"|"_s,       u"Bold"_s,        u"Italic"_s, u"Underline"_s,
                   u"|"_s,       u"Align Left"_s, u"Center"_s,  u"Align Right"_s, u"|"_s,      u"Color"_s,
@@ -48,10 +44,7 @@ void frmToDo::openLink(const QString& address)
 {
     if (!address.startsWith("http://"_L1) && !address.startsWith("https://"_L1))
         return;
-    trapErrors(m_context.archive.questions(), u"OpenLink"_s, [&] {
-        if (!m_context.desktop.shell.open(address))
-            throw std::runtime_error("No program is set up to open this link.");
-    });
+    trapErrors(m_context.archive.questions(), u"OpenLink"_s, [&] { m_context.desktop.shell.openLink(address); });
 }
 
 void frmToDo::openNoteFile()

@@ -3,6 +3,7 @@
 #include "vault/frmPassword.h"
 
 #include "archive/Archive.h"
+#include "archive/ElementQuestions.h"
 #include "archive/ErrorTrap.h"
 #include "archive/cViewFilter.h"
 #include "desktop/Desktop.h"
@@ -18,7 +19,6 @@
 
 #include <QLocale>
 #include <algorithm>
-#include <stdexcept>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -183,17 +183,13 @@ void frmPassword::cmdOK_Click()
 
 void frmPassword::VisitURL()
 {
-    trapErrors(m_context.archive.questions(), u"VisitURL"_s, [&] {
-        if (!m_context.desktop.shell.open(m_ui->txtURL->text()))
-            throw std::runtime_error("No program is set up to open this link.");
-    });
+    trapErrors(m_context.archive.questions(), u"VisitURL"_s,
+               [&] { m_context.desktop.shell.openLink(m_ui->txtURL->text()); });
 }
 
 void frmPassword::reject()
 {
-    if (isDirty() &&
-        m_context.archive.questions().ask(u"Close without saving changes?"_s, MessageStyle::YesNoDefaultNo) !=
-            Answer::Yes)
+    if (isDirty() && !mayDropChanges(m_context.archive.questions()))
         return;
     QDialog::reject();
 }

@@ -3,6 +3,7 @@
 #include "vault/frmPasswordS.h"
 
 #include "archive/Archive.h"
+#include "archive/ElementQuestions.h"
 #include "archive/ErrorTrap.h"
 #include "archive/SqlText.h"
 #include "archive/cViewFilter.h"
@@ -10,6 +11,7 @@
 #include "desktop/Desktop.h"
 #include "desktop/FileDialogs.h"
 #include "desktop/FrameServices.h"
+#include "desktop/QtSelection.h"
 #include "desktop/Questions.h"
 #include "desktop/Shell.h"
 #include "ui_frmPasswordS.h"
@@ -24,10 +26,10 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QSet>
 #include <QSignalBlocker>
 #include <QSortFilterProxyModel>
 #include <algorithm>
-#include <stdexcept>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -152,22 +154,15 @@ void frmPasswordS::select(const std::vector<qint32>& ids, qint32 current)
 {
     if (ids.empty())
         return;
-    std::vector<qint32> wanted = ids;
-    std::sort(wanted.begin(), wanted.end());
-    QItemSelection selection; // of runs, not of single rows
+    const QSet<qint32> wanted(ids.begin(), ids.end());
     QModelIndex focus;
-    int first = -1;
-    for (int row = 0, rows = m_sorted->rowCount(); row <= rows; ++row) {
-        const QModelIndex item = m_sorted->index(row, 0); // invalid behind the last row
+    const QItemSelection selection = selectionOf(*m_sorted, [&](int row) {
+        const QModelIndex item = m_sorted->index(row, 0);
         const qint32 id = leadingNumber(item.data(PasswordListModel::KeyRole).toString());
-        const bool isWanted = item.isValid() && std::binary_search(wanted.begin(), wanted.end(), id);
-        if (isWanted && first < 0)
-            first = row;
-        if (!isWanted && first >= 0)
-            selection.select(m_sorted->index(std::exchange(first, -1), 0), m_sorted->index(row - 1, 0));
-        if (isWanted && id == current)
+        if (id == current && wanted.contains(id))
             focus = item;
-    }
+        return wanted.contains(id);
+    });
     QItemSelectionModel& model = *m_ui->lvwPassword->selectionModel();
     if (focus.isValid())
         model.setCurrentIndex(focus, QItemSelectionModel::NoUpdate);
@@ -241,8 +236,7 @@ void frmPasswordS::DeletePassword()
         const std::vector<qint32> ids = selectedIds();
         if (ids.empty() || !isUnlocked())
             return;
-        if (m_context.archive.questions().ask(u"Are you sure you want to delete selected elements? "_s,
-                                              MessageStyle::YesNoDefaultNo, u"Deleting elements"_s) != Answer::Yes)
+        if (!mayDeleteElements(m_context.archive.questions()))
             return;
         deletePasswords(m_context.archive, idList(ids));
         MakeLvwContents();
@@ -261,7 +255,7 @@ void frmPasswordS::ClipboardUsernameCopy()
 {
     if (!selectedRow().isValid())
         return;
-    m_context.clipboard.copySecret(cell(PasswordListModel::UserName));
+    m_context.desktop.clipboard.copySecret(cell(PasswordListModel::UserName));
     m_context.frame.setStatus(u"User name copied. The clipboard is cleared soon."_s);
 }
 
@@ -269,7 +263,7 @@ void frmPasswordS::ClipboardPasswordCopy()
 {
     if (!selectedRow().isValid())
         return;
-    m_context.clipboard.copySecret(cell(PasswordListModel::Password));
+    m_context.desktop.clipboard.copySecret(cell(PasswordListModel::Password));
     m_context.frame.setStatus(u"Password copied. The clipboard is cleared soon."_s);
 }
 
@@ -282,10 +276,7 @@ void frmPasswordS::VisitURLPassword()
         m_context.archive.questions().ask(u"URL not specified"_s, MessageStyle::Information);
         return;
     }
-    trapErrors(m_context.archive.questions(), u"VisitURLPassword"_s, [&] {
-        if (!m_context.desktop.shell.open(url))
-            throw std::runtime_error("No program is set up to open this link.");
-    });
+    trapErrors(m_context.archive.questions(), u"VisitURLPassword"_s, [&] { m_context.desktop.shell.openLink(url); });
 }
 
 void frmPasswordS::ExportPasswordsToTextFile()
@@ -327,7 +318,7 @@ void frmPasswordS::showCategories()
 void frmPasswordS::Lock()
 {
     m_isInFront = false;
-    m_context.clipboard.wipe();
+    m_context.desktop.clipboard.wipe();
     m_context.password.clear();
     m_model->setRows({});
     m_model->setPasswordsShown(false);

@@ -7,7 +7,6 @@
 #include <vector>
 
 class Archive;
-class Clipboard;
 class FrameServices;
 class PasswordListModel;
 class QKeyEvent;
@@ -29,7 +28,6 @@ struct PasswordListContext {
     cViewFilter& viewFilter;
     cPassword& password;
     modPassword& vault;
-    Clipboard& clipboard;
 };
 
 // The accounts of the vault, one view of the frame. It lists nothing and commands nothing while the vault is locked.

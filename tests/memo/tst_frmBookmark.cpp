@@ -25,7 +25,7 @@ struct Editor : EditorFixture<frmBookmark> {
         listener.category = 2;
         open(id);
     }
-    void open(qint32 id)
+    void open(qint32 id) final
     {
         filter.EditingModeBookmarkID = id;
         show(std::make_unique<frmBookmark>(BookmarkContext{archive, desktop, filter, bookmark, listener}, nullptr));
@@ -261,15 +261,7 @@ void tst_frmBookmark::failedSaveKeepsTheWindow()
 
 void tst_frmBookmark::unreadableBookmarkIsRefused()
 {
-    Editor e;
-    e.questions.expect(u"Error in Load: The bookmark is no longer in the archive."_s);
-    e.open(4711);
-    QVERIFY(!e.loaded);
-    e.archive.setPath(e.scratch.path(u"gone.SVA"_s));
-    e.questions.expect(QString());
-    e.open(1);
-    QVERIFY(!e.loaded);
-    QVERIFY(e.questions.asked.last().text.startsWith("Error in Load: "_L1));
+    Editor().refusesWhatItCannotRead(u"The bookmark is no longer in the archive."_s);
 }
 
 QTEST_MAIN(tst_frmBookmark)

@@ -25,7 +25,7 @@ struct Editor : EditorFixture<frmSnipVale> {
         listener.category = 1;
         open(id);
     }
-    void open(qint32 id)
+    void open(qint32 id) final
     {
         filter.EditingModeMemoID = id;
         show(std::make_unique<frmSnipVale>(MemoContext{archive, desktop, filter, memo, listener}, nullptr));

@@ -22,6 +22,8 @@ public:
 // One editor of elements, its controls by their names.
 template <typename Window>
 struct EditorFixture : UiFixture {
+    virtual ~EditorFixture() = default;
+    virtual void open(qint32 id) = 0;
     void show(std::unique_ptr<Window> editor) // as the explorer opens it
     {
         window = std::move(editor);
@@ -49,6 +51,19 @@ struct EditorFixture : UiFixture {
         QVERIFY(questions.asked.last().text.contains(QLatin1String("gone.SVA")));
         QVERIFY(window->isVisible() && window->isDirty());
         archive.setPath(path);
+    }
+
+    // Neither an element that is gone nor one of an archive that is away is shown.
+    void refusesWhatItCannotRead(const QString& gone)
+    {
+        questions.expect(QStringLiteral("Error in Load: ") + gone);
+        open(4711);
+        QVERIFY(!loaded);
+        archive.setPath(scratch.path(QStringLiteral("gone.SVA")));
+        questions.expect(QString());
+        open(1);
+        QVERIFY(!loaded);
+        QVERIFY(questions.asked.last().text.startsWith(QLatin1String("Error in Load: ")));
     }
 
     cViewFilter filter;

@@ -24,7 +24,7 @@ struct Editor : EditorFixture<frmToDo> {
         listener.category = value(QStringLiteral("SELECT categoryID FROM tab_category WHERE type = 2")).toInt();
         open(0);
     }
-    void open(qint32 id)
+    void open(qint32 id) final
     {
         filter.EditingModeToDoID = id;
         show(std::make_unique<frmToDo>(ToDoContext{archive, desktop, filter, listener, readTextFile}, nullptr));

@@ -371,15 +371,7 @@ void tst_frmToDo::damagedRow()
 
 void tst_frmToDo::unreadableToDoIsRefused()
 {
-    Editor e;
-    e.questions.expect(u"Error in Load: The to-do is no longer in the archive."_s);
-    e.open(4711);
-    QVERIFY(!e.loaded);
-    e.archive.setPath(e.scratch.path(u"gone.SVA"_s));
-    e.questions.expect(QString());
-    e.open(1);
-    QVERIFY(!e.loaded);
-    QVERIFY(e.questions.asked.last().text.startsWith("Error in Load: "_L1));
+    Editor().refusesWhatItCannotRead(u"The to-do is no longer in the archive."_s);
 }
 
 QTEST_MAIN(tst_frmToDo)

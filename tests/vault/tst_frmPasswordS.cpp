@@ -57,7 +57,7 @@ struct List : VaultFixture {
         questions.expect(message);
         window.ExportPasswordsToTextFile();
     }
-    frmPasswordS window{{archive, vaultDesktop, vaultFrame, filter, password, vault, clipboard}};
+    frmPasswordS window{{archive, vaultDesktop, vaultFrame, filter, password, vault}};
     QTreeView& list = part<QTreeView>(window, "lvwPassword");
     QComboBox& category = part<QComboBox>(window, "cboCategory");
 };
