@@ -3,7 +3,7 @@
 // Opening a memo, filling the list of a category and saving a memo, each beside the same work on raw SQLite.
 #include "BenchArchive.h"
 
-#include "explorer/MemoListModel.h"
+#include "explorer/ui/MemoListModel.h"
 #include "memo/cMemo.h"
 
 #include <QDir>

@@ -3,7 +3,7 @@
 // Sorting the list of a category by name and by date, beside sorting the same texts as they are.
 #include "BenchArchive.h"
 
-#include "explorer/MemoListModel.h"
+#include "explorer/ui/MemoListModel.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>

@@ -4,7 +4,7 @@
 // columns read with plain SQLite and its own LIKE, and beside the sqlite3 shell.
 #include "BenchArchive.h"
 
-#include "explorer/modSearch.h"
+#include "explorer/Search.h"
 
 #include <QFile>
 #include <QProcess>

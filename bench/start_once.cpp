@@ -3,20 +3,20 @@
 // One start up to the first painted frame, then the process ends. "start_once bare" shows a window with nothing in
 // it, "start_once empty" one with the parts of any such program (menus, a tool bar, a small tree, an editor) and no
 // data, "start_once HOME" the program on that home folder. All three link the same libraries.
-#include "app/Startup.h"
-#include "app/frmMain.h"
 #include "app/modSnipVale.h"
+#include "app/ui/Startup.h"
+#include "app/ui/frmMain.h"
 #include "desktop/Clock.h"
 #include "desktop/Desktop.h"
 #include "desktop/PreviousInstance.h"
-#include "desktop/QtClipboard.h"
-#include "desktop/QtFileDialogs.h"
-#include "desktop/QtIcons.h"
-#include "desktop/QtPrinting.h"
-#include "desktop/QtQuestions.h"
-#include "desktop/QtShell.h"
-#include "desktop/QtSound.h"
-#include "memo/ScintillaView.h"
+#include "desktop/ui/QtClipboard.h"
+#include "desktop/ui/QtFileDialogs.h"
+#include "desktop/ui/QtPrinting.h"
+#include "desktop/ui/QtQuestions.h"
+#include "desktop/ui/QtShell.h"
+#include "desktop/ui/QtSound.h"
+#include "memo/code/ui/ScintillaView.h"
+#include "ui/widgets/Icons.h"
 
 #include <QApplication>
 #include <QMainWindow>

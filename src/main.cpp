@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/Program.h"
+#include "app/ui/Program.h"
+#include "ui/tour/Tour.h"
 
 int main(int argc, char** argv)
 {
-    return runProgram(argc, argv);
+    return runProgram(argc, argv, runTour);
 }

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/modSnipVale.h"
 
-#include "app/modSettings.h"
+#include "app/Settings.h"
 #include "archive/ErrorTrap.h"
+#include "desktop/Desktop.h"
 #include "desktop/Questions.h"
-#include "desktop/Shell.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/modSound.h"
 
-#include "desktop/Sound.h"
+#include "desktop/Desktop.h"
 
 #include <QFileInfo>
 

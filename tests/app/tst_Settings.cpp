@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/CoreSupport.h"
+#include "support/Registry.h"
 #include "support/UiSupport.h"
 
-#include "app/modHome.h"
+#include "app/Home.h"
+#include "app/Settings.h"
 #include "app/modRegistry.h"
-#include "app/modSettings.h"
 #include "app/modSnipVale.h"
 
 #include <QtTest>
@@ -276,5 +277,5 @@ void tst_Settings::otherRegistryKeys()
     QCOMPARE(registry.GetRegValue(root, u"Software\\Mine"_s, u"name"_s).toString(), QString());
 }
 
-QTEST_GUILESS_MAIN(tst_Settings)
+SNIPVALE_TEST(tst_Settings)
 #include "tst_Settings.moc"

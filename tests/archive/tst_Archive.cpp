@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/CoreSupport.h"
+#include "support/Registry.h"
 
 #include "archive/CategoryTree.h"
 #include "archive/ErrorTrap.h"
 #include "archive/SqlText.h"
+#include "archive/Upgrade.h"
 #include "archive/cCategory.h"
-#include "archive/modSchema.h"
 
 #include <QtTest>
 
@@ -216,5 +217,5 @@ void tst_Archive::unitsAreClosedAlsoAfterErrors()
     QCOMPARE(f.questions.asked.last().style, MessageStyle::Critical);
 }
 
-QTEST_GUILESS_MAIN(tst_Archive)
+SNIPVALE_TEST(tst_Archive)
 #include "tst_Archive.moc"

@@ -3,6 +3,7 @@
 
 // The tool that builds the shipped archive refuses a faulty recipe and keeps what was there.
 
+#include "support/Registry.h"
 #include <QCoreApplication>
 #include <QDirIterator>
 #include <QFile>
@@ -133,5 +134,5 @@ void tst_makearchive::replaces()
     QVERIFY(bytes(workshop.archive()) == bytes(QStringLiteral(SHIPPED_DIR "/snipvale.SVA")));
 }
 
-QTEST_GUILESS_MAIN(tst_makearchive)
+SNIPVALE_TEST(tst_makearchive)
 #include "tst_makearchive.moc"

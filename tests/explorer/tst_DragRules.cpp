@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/CoreSupport.h"
+#include "support/Registry.h"
 
 #include "archive/CategoryTree.h"
-#include "archive/modSchema.h"
-#include "explorer/modCategoryRows.h"
-#include "explorer/modDrag.h"
+#include "archive/Upgrade.h"
+#include "explorer/CategoryRows.h"
+#include "explorer/DragRules.h"
 
 #include <QHash>
 #include <QtTest>
@@ -202,5 +203,5 @@ void tst_DragRules::nothingMovesOnAnError()
     QVERIFY(!f.archive.cn);
 }
 
-QTEST_GUILESS_MAIN(tst_DragRules)
+SNIPVALE_TEST(tst_DragRules)
 #include "tst_DragRules.moc"

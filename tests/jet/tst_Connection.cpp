@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "JetFixture.h"
-#include "RawSqlite.h"
+#include "jet/JetFixture.h"
+#include "jet/RawSqlite.h"
+#include "support/Registry.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -284,5 +285,5 @@ void tst_Connection::fileGuardsItself()
     QCOMPARE(fixture.rows(u"SELECT name FROM tab_todo WHERE name = 'ä' AND dueDate > #2/29/2024#"_s), u"Ä"_s);
 }
 
-QTEST_GUILESS_MAIN(tst_Connection)
+SNIPVALE_TEST(tst_Connection)
 #include "tst_Connection.moc"

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "JetFixture.h"
+#include "jet/JetFixture.h"
+#include "support/Registry.h"
 
 #include <QElapsedTimer>
 
@@ -323,5 +324,5 @@ void tst_Dialect::longText()
     QCOMPARE(filled.connection.OpenRecordset(u"SELECT snipVale FROM tab_memo WHERE memoID = 1"_s).text(0), code);
 }
 
-QTEST_GUILESS_MAIN(tst_Dialect)
+SNIPVALE_TEST(tst_Dialect)
 #include "tst_Dialect.moc"

@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "FailingDisk.h"
-#include "JetFixture.h"
-#include "RawSqlite.h"
+#include "jet/FailingDisk.h"
+#include "jet/JetFixture.h"
+#include "jet/RawSqlite.h"
+#include "support/Registry.h"
 
 #include "jet/Maintenance.h"
 
@@ -169,5 +170,5 @@ void tst_Faults::damagedFiles()
     QVERIFY(described > 20);
 }
 
-QTEST_GUILESS_MAIN(tst_Faults)
+SNIPVALE_TEST(tst_Faults)
 #include "tst_Faults.moc"

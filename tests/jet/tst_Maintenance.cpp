@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "JetFixture.h"
-#include "RawSqlite.h"
+#include "jet/JetFixture.h"
+#include "jet/RawSqlite.h"
+#include "support/Registry.h"
 
 #include "jet/Maintenance.h"
 
@@ -285,5 +286,5 @@ void tst_Maintenance::copyRefuses()
     QCOMPARE(stateOf(archive.folder()), before);
 }
 
-QTEST_GUILESS_MAIN(tst_Maintenance)
+SNIPVALE_TEST(tst_Maintenance)
 #include "tst_Maintenance.moc"

@@ -4,8 +4,9 @@
 #include "jet/LikePattern.h"
 #include "jet/TextRules.h"
 #include "jet/Value.h"
+#include "support/Registry.h"
 
-#include "LikeReference.h"
+#include "jet/LikeReference.h"
 
 #include <QtTest>
 #include <random>
@@ -188,5 +189,5 @@ void tst_Text::randomOrder()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_Text)
+SNIPVALE_TEST(tst_Text)
 #include "tst_Text.moc"

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "JetFixture.h"
+#include "jet/JetFixture.h"
+#include "support/Registry.h"
 
 #include "jet/Dates.h"
 #include "jet/Types.h"
@@ -198,5 +199,5 @@ void tst_Values::coercion()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_Values)
+SNIPVALE_TEST(tst_Values)
 #include "tst_Values.moc"

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "memo/CodeEditor.h"
-#include "memo/modScintillaMessages.h"
+#include "memo/code/CodeEditor.h"
+#include "memo/code/ScintillaMessages.h"
 
 #include <QMap>
 #include <QStringList>

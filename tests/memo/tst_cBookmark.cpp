@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/CoreSupport.h"
+#include "support/Registry.h"
 
 #include "memo/cBookmark.h"
 
@@ -151,5 +152,5 @@ void tst_cBookmark::failuresSayWhatTheyShould()
     QVERIFY(bookmark.lastError().contains("missing.SVA"_L1));
 }
 
-QTEST_GUILESS_MAIN(tst_cBookmark)
+SNIPVALE_TEST(tst_cBookmark)
 #include "tst_cBookmark.moc"

@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/CoreSupport.h"
+#include "support/Registry.h"
 
+#include "memo/TextFile.h"
 #include "memo/cMemo.h"
-#include "memo/modTextFile.h"
 
 #include <QtTest>
 
@@ -167,5 +168,5 @@ void tst_cMemo::textFiles()
     QVERIFY_THROWS_EXCEPTION(std::runtime_error, writeTextFile(folder.filePath(u"no/folder"_s), "x"));
 }
 
-QTEST_GUILESS_MAIN(tst_cMemo)
+SNIPVALE_TEST(tst_cMemo)
 #include "tst_cMemo.moc"

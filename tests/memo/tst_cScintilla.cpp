@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ScintillaRecorder.h"
+#include "memo/ScintillaRecorder.h"
 #include "support/CoreSupport.h"
+#include "support/Registry.h"
 
-#include "memo/cScintilla.h"
-#include "memo/modScintillaText.h"
+#include "memo/code/ScintillaText.h"
+#include "memo/code/cScintilla.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -281,5 +282,5 @@ void tst_cScintilla::anyCase()
     QCOMPARE(findInAnyCase("", 0, wanted, true), Found(-1, -1));
 }
 
-QTEST_GUILESS_MAIN(tst_cScintilla)
+SNIPVALE_TEST(tst_cScintilla)
 #include "tst_cScintilla.moc"

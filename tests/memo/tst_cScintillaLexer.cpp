@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ScintillaLanguages.h"
-#include "ScintillaRecorder.h"
+#include "memo/ScintillaLanguages.h"
+#include "memo/ScintillaRecorder.h"
+#include "support/Registry.h"
 
-#include "memo/cScintilla.h"
+#include "memo/code/cScintilla.h"
 
 #include <QtTest>
 
@@ -229,5 +230,5 @@ void tst_cScintillaLexer::failure()
     QCOMPARE(editor.sent.last(plain.size()), plain); // the default style is what remains
 }
 
-QTEST_GUILESS_MAIN(tst_cScintillaLexer)
+SNIPVALE_TEST(tst_cScintillaLexer)
 #include "tst_cScintillaLexer.moc"

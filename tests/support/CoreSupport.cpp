@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/CoreSupport.h"
 
+#include "archive/Upgrade.h"
+
 #include <QFile>
 #include <QtTest>
 
@@ -51,4 +53,12 @@ QString ArchiveFixture::value(const QString& sql)
     connection.Open(archive.ConnectionString());
     const jet::Recordset rows = connection.OpenRecordset(sql);
     return rows.eof() ? QString() : rows.text(0);
+}
+
+StartedArchive::StartedArchive()
+{
+    questions.expect(u"Ver 3.0 - archive update completed successfully!"_s);
+    UpdateArchiveVersion(archive);
+    questions.asked.clear();
+    statements.clear();
 }

@@ -4,8 +4,8 @@
 
 #include "archive/Archive.h"
 #include "desktop/Clock.h"
+#include "desktop/Desktop.h"
 #include "desktop/Questions.h"
-#include "desktop/Sound.h"
 
 #include <QStringList>
 #include <QTemporaryDir>
@@ -66,4 +66,9 @@ struct ArchiveFixture {
     Archive archive{questions, clock};
     QStringList statements;
     QString value(const QString& sql); // first column of the first row as text; "" for none or Null
+};
+
+// The same archive after its first start: at the present schema, nothing asked and no statement kept.
+struct StartedArchive : ArchiveFixture {
+    StartedArchive();
 };

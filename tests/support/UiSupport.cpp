@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/UiSupport.h"
 
-#include "archive/modSchema.h"
-
 #include <QApplication>
 #include <QPrinter>
 #include <QTimer>
@@ -54,14 +52,6 @@ bool ScriptedPrinting::choose(QPrinter& printer, QWidget*)
     if (onChoose)
         onChoose(printer);
     return true;
-}
-
-UiFixture::UiFixture()
-{
-    questions.expect(u"Ver 3.0 - archive update completed successfully!"_s);
-    UpdateArchiveVersion(archive);
-    questions.asked.clear();
-    statements.clear();
 }
 
 void whenModal(std::function<void(QWidget& window)> step)

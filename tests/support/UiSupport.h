@@ -4,12 +4,8 @@
 
 #include "support/CoreSupport.h"
 
-#include "desktop/Clipboard.h"
 #include "desktop/Desktop.h"
-#include "desktop/FileDialogs.h"
 #include "desktop/FrameServices.h"
-#include "desktop/Printing.h"
-#include "desktop/Shell.h"
 
 #include <QHash>
 #include <QStringList>
@@ -73,8 +69,7 @@ public:
 };
 
 // An archive that was started once, and everything that a window needs.
-struct UiFixture : ArchiveFixture {
-    UiFixture();
+struct UiFixture : StartedArchive {
     ScriptedFiles files;
     ScriptedShell shell;
     FakeFrame frame;

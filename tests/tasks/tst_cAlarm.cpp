@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Registry.h"
 #include "tasks/AlarmFixture.h"
 
 #include "archive/ErrorTrap.h"
@@ -346,5 +347,5 @@ void tst_cAlarm::sounds()
     QVERIFY(wave.read(12).startsWith("RIFF"));
 }
 
-QTEST_GUILESS_MAIN(tst_cAlarm)
+SNIPVALE_TEST(tst_cAlarm)
 #include "tst_cAlarm.moc"

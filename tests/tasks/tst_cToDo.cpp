@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/CoreSupport.h"
+#include "support/Registry.h"
 
 #include "archive/SqlText.h"
-#include "archive/modSchema.h"
+#include "archive/Upgrade.h"
 #include "tasks/cToDo.h"
 #include "tasks/modToDo.h"
 
@@ -363,5 +364,5 @@ void tst_cToDo::codesHaveTheirTexts()
     QCOMPARE(sqlTime(QTime(9, 5, 0)), u"9:5:0"_s);
 }
 
-QTEST_GUILESS_MAIN(tst_cToDo)
+SNIPVALE_TEST(tst_cToDo)
 #include "tst_cToDo.moc"

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Registry.h"
 #include "vault/cBlowfish.h"
 
 #include <QRandomGenerator>
@@ -311,5 +312,5 @@ void tst_cBlowfish::files()
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList({u"plain"_s, u"secret"_s}));
 }
 
-QTEST_GUILESS_MAIN(tst_cBlowfish)
+SNIPVALE_TEST(tst_cBlowfish)
 #include "tst_cBlowfish.moc"

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Registry.h"
 #include "vault/VaultFixture.h"
 
 class tst_cPassword : public QObject {
@@ -100,5 +101,5 @@ void tst_cPassword::refusals()
     QCOMPARE(v.password.GetPasswordCount(), 1);
 }
 
-QTEST_MAIN(tst_cPassword)
+SNIPVALE_TEST(tst_cPassword)
 #include "tst_cPassword.moc"

@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Registry.h"
 #include "vault/VaultFixture.h"
 
 #include "desktop/SecretMemory.h"
-#include "vault/modPasswordRisks.h"
+#include "vault/PasswordRisks.h"
 
 #include <QProcess>
 #include <QRandomGenerator>
@@ -288,5 +289,5 @@ void tst_modPassword::risksAreNamed()
     QVERIFY(!question.contains("bar 11"_L1) && !question.contains("harmless"_L1));
 }
 
-QTEST_MAIN(tst_modPassword)
+SNIPVALE_TEST(tst_modPassword)
 #include "tst_modPassword.moc"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "explorer/DragFixture.h"
+#include "explorer/ui/DragFixture.h"
 #include "x11/RealDesktop.h"
 #include "x11/RealPointer.h"
 

@@ -5,12 +5,12 @@
 #include "x11/RealDesktop.h"
 #include "x11/RealPointer.h"
 
-#include "app/Startup.h"
-#include "app/frmMain.h"
 #include "app/modSnipVale.h"
+#include "app/ui/Startup.h"
+#include "app/ui/frmMain.h"
 #include "desktop/PreviousInstance.h"
-#include "tasks/frmAlarm.h"
-#include "tasks/frmSysTray.h"
+#include "tasks/ui/frmAlarm.h"
+#include "tasks/ui/frmSysTray.h"
 
 #include <QtWidgets>
 

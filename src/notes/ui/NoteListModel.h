@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "notes/NoteRows.h"
+
+#include <QAbstractListModel>
+
+// The notes of the list: the whole text, a sheet in its colour, and as key (Qt::UserRole) "12 ItemID".
+class NoteListModel final : public QAbstractListModel {
+    Q_OBJECT
+public:
+    enum Role { KeyRole = Qt::UserRole };
+
+    using QAbstractListModel::QAbstractListModel;
+
+    void setRows(std::vector<NoteRow> rows);
+    int rowOf(qint32 id) const; // -1 when there is no such note
+    qint32 idOf(int row) const { return m_rows[size_t(row)].id; }
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+
+private:
+    std::vector<NoteRow> m_rows;
+};

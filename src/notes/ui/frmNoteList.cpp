@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "notes/ui/frmNoteList.h"
+
+#include "archive/Archive.h"
+#include "archive/ErrorTrap.h"
+#include "desktop/Desktop.h"
+#include "desktop/FrameServices.h"
+#include "desktop/Questions.h"
+#include "notes/cNote.h"
+#include "notes/ui/NoteColors.h"
+#include "notes/ui/NoteListModel.h"
+#include "notes/ui/NoteWindows.h"
+#include "ui_frmNoteList.h"
+
+using namespace Qt::StringLiterals;
+
+frmNoteList::frmNoteList(const NoteListContext& context, QWidget* parent)
+    : QWidget(parent), m_ui(std::make_unique<Ui::frmNoteList>()), m_context(context), m_model(new NoteListModel(this))
+{
+    m_ui->setupUi(this);
+    m_ui->lvwNote->setList(m_model);
+    wire();
+    MakeLvwContents();
+}
+
+frmNoteList::~frmNoteList()
+{
+    m_isInFront = false;
+    enableCommands();
+}
+
+void frmNoteList::wire()
+{
+    const NoteListView* list = m_ui->lvwNote;
+    connect(list, &NoteListView::openRequested, this, &frmNoteList::ModifyNote);
+    connect(list, &NoteListView::newRequested, this, &frmNoteList::NewNote);
+    connect(list, &NoteListView::deleteRequested, this, &frmNoteList::DeleteNote);
+    connect(list, &NoteListView::selectionMade, this, &frmNoteList::enableCommands);
+    connect(list, &NoteListView::menuRequested, this,
+            [this](const QPoint& position) { m_context.frame.popupMenu(u"mnuNote"_s, position); });
+    connect(&m_context.windows, &NoteWindows::notesWritten, this, &frmNoteList::notesWritten);
+}
+
+void frmNoteList::MakeLvwContents()
+{
+    trapErrors(m_context.desktop.questions, u"MakeLvwContents"_s, [&] {
+        std::vector<NoteRow> rows;
+        readNoteRows(m_context.archive, rows);
+        m_ui->lvwNote->refill(std::move(rows));
+        if (m_isInFront)
+            UpdateStatusBar();
+    });
+}
+
+void frmNoteList::UpdateStatusBar()
+{
+    m_context.frame.setStatus(u"Note -  items: "_s + QString::number(m_model->rowCount()));
+}
+
+void frmNoteList::enableCommands()
+{
+    const bool isSelected = m_isInFront && m_ui->lvwNote->selectionModel()->hasSelection();
+    m_context.frame.enableCommand(u"miNoteNew"_s, true);
+    m_context.frame.enableCommand(u"miNoteModify"_s, isSelected);
+    m_context.frame.enableCommand(u"miNoteDelete"_s, isSelected);
+    for (const char* color : {"Yellow", "Red", "Green", "Blue", "White"})
+        m_context.frame.enableCommand(u"miNoteColor"_s + QLatin1StringView(color), isSelected);
+}
+
+void frmNoteList::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    m_isInFront = true;
+    enableCommands();
+    UpdateStatusBar();
+}
+
+void frmNoteList::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    m_isInFront = false;
+    enableCommands();
+}
+
+void frmNoteList::notesWritten(qint32 newNote)
+{
+    MakeLvwContents();
+    if (newNote != 0)
+        m_ui->lvwNote->selectOnly(newNote);
+}
+
+void frmNoteList::NewNote()
+{
+    trapErrors(m_context.desktop.questions, u"NewNote"_s, [&] { m_context.windows.openNew(); });
+}
+
+void frmNoteList::ModifyNote()
+{
+    trapErrors(m_context.desktop.questions, u"ModifyNote"_s, [&] {
+        if (const qint32 id = m_ui->lvwNote->selectedId())
+            m_context.windows.open(id);
+        else
+            m_context.desktop.questions.ask(u"Please select the note you want to modifie!"_s,
+                                            MessageStyle::Information);
+    });
+}
+
+void frmNoteList::DeleteNote()
+{
+    trapErrors(m_context.desktop.questions, u"DeleteNote"_s, [&] {
+        const std::vector<qint32> ids = m_ui->lvwNote->selectedIds();
+        if (ids.empty() ||
+            m_context.desktop.questions.ask(u"Are you sure you want to delete selected notes? "_s,
+                                            MessageStyle::YesNoDefaultNo, u"Deleting"_s) != Answer::Yes)
+            return;
+        QStringList keys;
+        for (const qint32 id : ids)
+            keys.append(QString::number(id));
+        if (!m_context.note.Delete(keys.join(u", "_s))) {
+            m_context.note.reportFailure();
+            return;
+        }
+        for (const qint32 id : ids)
+            m_context.windows.discard(id);
+        MakeLvwContents();
+    });
+}
+
+void frmNoteList::SetColor(const QString& color)
+{
+    trapErrors(m_context.desktop.questions, u"SetColor"_s, [&] {
+        for (const qint32 id : m_ui->lvwNote->selectedIds()) {
+            if (!m_context.note.SetColor(id, color)) {
+                m_context.note.reportFailure();
+                break; // the next ones would fail the same way
+            }
+            m_context.windows.recolor(id, color);
+        }
+        MakeLvwContents();
+    });
+}

@@ -1,0 +1,484 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Registry.h"
+#include "support/UiSupport.h"
+
+#include "app/modSnipVale.h"
+#include "app/ui/CommandTable.h"
+#include "app/ui/Startup.h"
+#include "app/ui/frmMain.h"
+#include "desktop/PreviousInstance.h"
+#include "explorer/ui/frmSnipValeS.h"
+#include "memo/cMemo.h"
+#include "ui/widgets/Icons.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QTreeView>
+#include <QtTest>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString updated = u"Ver 3.0 - archive update completed successfully!"_s;
+const QString bye = u"Bye from SnipVale"_s;
+
+class FakeInstance : public PreviousInstance {
+public:
+    bool isRunning() const override { return running; }
+    void bringToFront() override { broughtToFront = true; }
+    bool running = false;
+    bool broughtToFront = false;
+};
+
+// A program with a home of its own; start() does what a start of the process does.
+struct Program {
+    Program() { setIni("[setup]\ndbfullpath=scratch.SVA\n"); }
+    void setIni(const QByteArray& text)
+    {
+        QFile ini(scratch.path(u"snipvale.ini"_s));
+        QVERIFY(ini.open(QIODevice::WriteOnly));
+        ini.write(text);
+    }
+    void start()
+    {
+        frame.reset();
+        program = std::make_unique<modSnipVale>(questions, clock, shell);
+        program->AppPath = scratch.folder();
+        frame = Main(*program, desktop, previous);
+    }
+    void startFresh()
+    {
+        questions.expect(updated);
+        start();
+    }
+    QString status() { return frame->findChild<QLabel*>(u"status"_s)->text(); }
+    QTreeView& tree() { return *frame->findChild<QTreeView*>(u"tvTreeView"_s); }
+    QAction& action(const char* name) { return *frame->findChild<QAction*>(QString::fromLatin1(name)); }
+    QToolBar& bar(const char* name) { return *frame->findChild<QToolBar*>(QString::fromLatin1(name)); }
+
+    ScratchArchive scratch;
+    ScriptedQuestions questions;
+    ManualClock clock;
+    ScriptedFiles files;
+    ScriptedShell shell;
+    FakeSound sound;
+    ScriptedPrinting printing;
+    FakeClipboard clipboard;
+    Desktop desktop{questions, files, shell, clock, sound, printing, clipboard};
+    FakeInstance previous;
+    std::unique_ptr<modSnipVale> program;
+    std::unique_ptr<frmMain> frame;
+};
+
+QByteArray bytesOf(const QString& name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+class tst_frmMain : public QObject {
+    Q_OBJECT
+private slots:
+    void tablesAgree();
+    void firstAndSecondStart();
+    void secondInstance();
+    void missingArchive();
+    void fileThatIsNoArchive_data();
+    void fileThatIsNoArchive();
+    void badLookEndsTheStart();
+    void everyCommandIsThere();
+    void viewCommands();
+    void openArchive();
+    void passwordsStayWithTheirArchive();
+    void saveCopy();
+    void compact();
+    void compactThatFails();
+    void damagedArchiveIsRepaired();
+    void closeBoxAndExit();
+    void reminders();
+};
+
+void tst_frmMain::tablesAgree()
+{
+    QSet<QString> known;
+    for (const CommandRow& row : commandTable()) {
+        QVERIFY2(!known.contains(QString::fromLatin1(row.name)), row.name);
+        known.insert(QString::fromLatin1(row.name));
+    }
+    QSet<QString> shown;
+    const auto check = [&](const char* items) {
+        for (const QString& item : QString::fromLatin1(items).split(u' '))
+            if (item != "-"_L1 && !item.startsWith("mnu"_L1)) {
+                QVERIFY2(known.contains(item), qPrintable(item));
+                shown.insert(item);
+            }
+    };
+    for (const MenuRow& row : menuTable())
+        check(row.items);
+    for (const BarRow& row : barTable())
+        check(row.items);
+    QCOMPARE(shown, known); // no command that nobody can reach
+}
+
+void tst_frmMain::firstAndSecondStart()
+{
+    Program p;
+    p.startFresh();
+    QVERIFY(p.frame);
+    QCOMPARE(p.frame->windowTitle(), u" SnipVale 3.1.12 - [scratch.SVA]"_s);
+    QCOMPARE(p.status(), u"Snip Vale"_s);
+    QVERIFY(p.frame->findChild<QWidget*>(u"frmSnipValeS"_s)->isVisible());
+    QVERIFY(p.bar("barMemo").isVisible() && !p.bar("barPassword").isVisible() && !p.bar("barNote").isVisible());
+    const auto* timer = p.frame->findChild<QTimer*>(u"TimerTask"_s);
+    QVERIFY(timer && timer->isActive());
+    QCOMPARE(timer->interval(), 15000);
+    p.start(); // nothing to upgrade, nothing to say
+    QVERIFY(p.frame);
+    QCOMPARE(p.questions.asked.size(), 1);
+}
+
+void tst_frmMain::secondInstance()
+{
+    Program p;
+    p.previous.running = true;
+    p.questions.expect(u"SnipVale is already running.\r\nWould you run a new instance?"_s, Answer::No);
+    p.start();
+    QVERIFY(!p.frame && p.previous.broughtToFront);
+    QCOMPARE(p.questions.asked.last().title, u"SnipVale: Open new instance?"_s);
+    QCOMPARE(p.questions.asked.last().style, MessageStyle::YesNoDefaultNo);
+    p.questions.expect(QString(), Answer::Yes);
+    p.startFresh();
+    QVERIFY(p.frame);
+}
+
+void tst_frmMain::missingArchive()
+{
+    Program p;
+    p.setIni("[setup]\ndbfullpath=missing.SVA\n");
+    p.questions.expect(u"Specified archive file does not exist. Check menu tools->options"_s);
+    p.questions.expect(QString());
+    p.questions.expect(u"Error updating db to version 3.0"_s);
+    p.questions.expect(QString());
+    p.start();
+    QVERIFY(p.frame);
+    QVERIFY(p.questions.asked[1].text.startsWith("Error in ExistTable: "_L1));
+    QVERIFY(p.questions.asked[3].text.startsWith("Error in LoadTreeView: "_L1));
+    QVERIFY(!QFile::exists(p.scratch.path(u"missing.SVA"_s)));
+    p.files.answers = {p.scratch.path()}; // and the way out works
+    p.questions.expect(updated);
+    p.frame->ActiveBar21_Click(u"miFileOpen"_s);
+    QCOMPARE(p.tree().model()->rowCount(p.tree().model()->index(0, 0)), 3);
+}
+
+void tst_frmMain::fileThatIsNoArchive_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("nothing") << QByteArray();
+    QTest::newRow("picture") << QByteArray("\x89PNG\r\n\x1A\n") + QByteArray(5000, 'x');
+    QTest::newRow("settings") << QByteArray("[setup]\nx=1\n");
+    QTest::newRow("truncated archive") << bytesOf(QStringLiteral(SHIPPED_DIR "/snipvale.SVA")).left(9000);
+}
+
+void tst_frmMain::fileThatIsNoArchive()
+{
+    QFETCH(QByteArray, bytes);
+    Program p;
+    p.startFresh();
+    const QString name = p.scratch.path(u"odd.SVA"_s);
+    QFile file(name);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+    file.close();
+    p.files.answers = {name};
+    p.questions.expect(QString());
+    p.questions.expect(u"Error updating db to version 3.0"_s);
+    p.questions.expect(QString());
+    p.frame->OpenArchive();
+    QCOMPARE(bytesOf(name), bytes); // never written to
+    QCOMPARE(QDir(p.scratch.folder()).entryList({u"odd*"_s}), QStringList({u"odd.SVA"_s}));
+    QVERIFY(p.frame->isEnabled());
+}
+
+void tst_frmMain::badLookEndsTheStart()
+{
+    Program p;
+    p.setIni("[setup]\ndbfullpath=scratch.SVA\n[preferences]\nxplook=pretty\n");
+    p.questions.expect(u"Error in Main: Type mismatch"_s);
+    p.start();
+    QVERIFY(!p.frame);
+}
+
+void tst_frmMain::everyCommandIsThere()
+{
+    setUpIconTheme();
+    Program p;
+    p.startFresh();
+    for (const CommandRow& row : commandTable()) {
+        QAction& action = p.action(row.name);
+        QVERIFY2(!action.text().isEmpty(), row.name);
+        if (*row.icon) // each icon exists in the theme
+            QVERIFY2(!QIcon::fromTheme(QString::fromLatin1(row.icon)).isNull(), row.icon);
+    }
+    p.frame->ActiveBar21_Click(u"no such tool"_s);
+    p.frame->ActiveBar21_Click(u"miMemoNew"_s); // disabled on the welcome page: no window opens
+    QVERIFY(!p.action("miMemoNew").isEnabled());
+    QVERIFY(!QApplication::activeModalWidget());
+    QVERIFY(!p.action("miPasswordNew").isEnabled());
+}
+
+void tst_frmMain::viewCommands()
+{
+    Program p;
+    p.startFresh();
+    const auto toggles = [&](const char* command, QWidget& widget) {
+        QVERIFY(widget.isVisible() && p.action(command).isChecked());
+        p.action(command).trigger();
+        QVERIFY(!widget.isVisible() && !p.action(command).isChecked());
+        p.action(command).trigger();
+        QVERIFY(widget.isVisible() && p.action(command).isChecked());
+    };
+    toggles("miViewTools", p.bar("barOutlook"));
+    toggles("miViewToolBar", p.bar("barMemo"));
+    toggles("miViewStatusBar", *p.frame->statusBar());
+    p.action("Memo").trigger();
+    QVERIFY(p.action("Memo").isChecked()); // a view in front stays checked
+    p.action("miViewToolBar").trigger();
+    p.action("miCategoryExpandAll").trigger(); // a command of the view does not bring back what was hidden
+    QVERIFY(!p.bar("barMemo").isVisible() && !p.action("miViewToolBar").isChecked());
+    p.action("Memo").trigger();
+    QVERIFY(p.bar("barMemo").isVisible() && p.action("miViewToolBar").isChecked());
+}
+
+void tst_frmMain::openArchive()
+{
+    Program p;
+    p.startFresh();
+    const QString other = p.scratch.path(u"other's.SVA"_s);
+    QVERIFY(QFile::copy(QStringLiteral(SHIPPED_DIR "/snipvale.SVA"), other));
+    QFile::setPermissions(other, QFile::ReadOwner | QFile::WriteOwner);
+    const QByteArray ini = bytesOf(p.scratch.path(u"snipvale.ini"_s));
+    p.files.answers = {std::nullopt, other};
+    p.frame->OpenArchive(); // cancelled
+    QCOMPARE(p.frame->windowTitle(), u" SnipVale 3.1.12 - [scratch.SVA]"_s);
+    p.questions.expect(updated);
+    p.frame->OpenArchive();
+    QCOMPARE(p.files.asked.last(), u"Open Archive|SnipVale Archive (*.SVA) |*.SVA"_s);
+    QCOMPARE(p.frame->windowTitle(), u"SnipVale 3.1.12  ["_s + other + u']');
+    QCOMPARE(p.status(), u"SnipVale"_s);
+    QVERIFY(p.bar("barMemo").isVisible());
+    QCOMPARE(bytesOf(p.scratch.path(u"snipvale.ini"_s)), ini);
+}
+
+void tst_frmMain::passwordsStayWithTheirArchive()
+{
+    Program p;
+    p.startFresh();
+    whenModal([&](QWidget& window) {
+        QVERIFY(p.action("Memo").isChecked() && !p.action("Password").isChecked()); // not in front yet
+        for (QLineEdit* box : window.findChildren<QLineEdit*>())
+            box->setText(u"master word"_s);
+        window.findChild<QPushButton*>(u"cmdOK"_s)->click();
+    });
+    p.questions.expect(u"Master Password saved!"_s);
+    p.action("Password").trigger();
+    QVERIFY(p.bar("barPassword").isVisible() && !p.bar("barMemo").isVisible());
+    p.action("miPasswordHideShow").trigger();
+    {
+        ArchiveUnit unit(p.program->archive);
+        unit.Execute(u"INSERT INTO tab_password (title) VALUES ('t')"_s);
+    }
+    p.action("Memo").trigger(); // the summary counts anew, and its status takes the list's place
+    QCOMPARE(p.frame->findChild<QLabel*>(u"lblSummaryPassword"_s)->text().trimmed(), u"Passwords:  1"_s);
+    QCOMPARE(p.status(), u"SnipVale"_s);
+    p.action("Password").trigger();
+    const QString other = p.scratch.path(u"other.SVA"_s);
+    QVERIFY(QFile::copy(p.scratch.path(u"scratch.SVA"_s), other));
+    p.files.answers = {other};
+    p.frame->OpenArchive();
+    for (const char* command : {"miPasswordNew", "miPasswordHideShow", "miPasswordLock"})
+        QVERIFY2(!p.action(command).isEnabled() && !p.action(command).isChecked(), command);
+    whenModal([](QWidget& window) { window.close(); }); // it is asked for again
+    p.action("Password").trigger();
+    QVERIFY(p.bar("barMemo").isVisible() && p.action("Memo").isChecked() && !p.action("Password").isChecked());
+}
+
+void tst_frmMain::saveCopy()
+{
+    Program p;
+    p.startFresh();
+    const QString archive = p.scratch.path();
+    const QString linked = p.scratch.path(u"link.SVA"_s);
+    QVERIFY(QFile::link(archive, linked));
+    const QString hard = p.scratch.path(u"hard.SVA"_s);
+    QCOMPARE(::link(qPrintable(archive), qPrintable(hard)), 0);
+    const QByteArray before = bytesOf(archive);
+    for (const QString& target : {archive, QString(u' ' + archive.toUpper()), linked, hard}) {
+        p.files.answers = {target};
+        p.questions.expect(u"Attention: it's forbidden to save on working archive! "_s);
+        p.frame->SaveArchiveAs();
+    }
+    QCOMPARE(bytesOf(archive), before);
+    const QString copy = p.scratch.path(u"copy.SVA"_s);
+    p.files.answers = {copy, p.scratch.path(u"no/folder/x.SVA"_s)};
+    p.frame->SaveArchiveAs();
+    QCOMPARE(p.files.asked.last(), u"Save SnipVale Archive...|SnipVale Archive (*.SVA) |*.SVA"_s);
+    Archive check(p.questions, p.clock);
+    check.setPath(copy);
+    QCOMPARE(ArchiveUnit(check).Open(u"SELECT COUNT(memoTypeID) AS n FROM tab_memoType"_s).integer(0) >= 50, true);
+    p.questions.expect(QString());
+    p.frame->ActiveBar21_Click(u"miFileSaveAs"_s);
+    QVERIFY(p.questions.asked.last().text.startsWith("Error in SaveArchiveAs: "_L1));
+}
+
+void tst_frmMain::compact()
+{
+    Program p;
+    p.startFresh();
+    {
+        ArchiveUnit unit(p.program->archive);
+        unit.Execute(u"DELETE * FROM tab_style"_s);
+    }
+    const QString archive = p.scratch.path();
+    const qint64 before = QFileInfo(archive).size();
+    const QString question = u"The following procedure will compact and repair the current archive!\r\n"
+                             "You might do a backup copy of you archive  before starting.\r\nCurrent archive: "_s +
+        archive + u"\r\nConfirm procedure?"_s;
+    p.questions.expect(question, Answer::No);
+    p.frame->ActiveBar21_Click(u"miFileCompactDB"_s);
+    QCOMPARE(QFileInfo(archive).size(), before);
+    QCOMPARE(p.questions.asked.last().title, u"Compact and repair archive"_s);
+    QCOMPARE(p.questions.asked.last().style, MessageStyle::YesNo);
+    p.questions.expect(question, Answer::Yes);
+    p.questions.expect(QString());
+    p.frame->ActiveBar21_Click(u"miFileCompactDB"_s);
+    const qint64 now = QFileInfo(archive).size();
+    QVERIFY(now < before);
+    QCOMPARE(
+        p.questions.asked.last().text,
+        u"Done!\r\nFile lenght in byte before procedure: %1\r\nFile lenght in byte now: %2"_s.arg(before).arg(now));
+    QCOMPARE(p.status(), u"SnipVale"_s);
+    QVERIFY(!QFile::exists(p.scratch.path(u"tmpCompactDB.sva"_s)));
+}
+
+void tst_frmMain::compactThatFails()
+{
+    Program p;
+    const QString own = p.scratch.path(u"tmpCompactDB.sva"_s); // the archive has the temporary file's name
+    QVERIFY(QFile::rename(p.scratch.path(), own));
+    p.setIni("[setup]\ndbfullpath=tmpCompactDB.sva\n");
+    p.startFresh();
+    const QByteArray before = bytesOf(own);
+    p.questions.expect(QString(), Answer::Yes);
+    p.questions.expect(QString());
+    p.frame->ActiveBar21_Click(u"miFileCompactDB"_s);
+    QVERIFY(p.questions.asked.last().text.startsWith("Error in CompactArchive: "_L1));
+    QCOMPARE(bytesOf(own), before);
+    QCOMPARE(p.status(), u"SnipVale"_s);
+
+    jet::Connection other; // another program is at work on it
+    other.Open(p.program->archive.ConnectionString());
+    const jet::Connection::Transaction work(other);
+    other.Execute(u"INSERT INTO tab_note (content) VALUES ('x')"_s);
+    p.questions.expect(QString(), Answer::Yes);
+    p.questions.expect(QString());
+    p.frame->ActiveBar21_Click(u"miFileCompactDB"_s);
+    QVERIFY(p.questions.asked.last().text.startsWith("Error in CompactArchive: "_L1));
+}
+
+void tst_frmMain::damagedArchiveIsRepaired()
+{
+    Program p;
+    p.startFresh();
+    const QString archive = p.scratch.path();
+    const qint64 shipped = QFileInfo(archive).size();
+    {
+        ArchiveUnit unit(p.program->archive);
+        jet::Connection::Transaction transaction(unit.connection());
+        for (int i = 0; i < 300; ++i)
+            unit.Execute(
+                u"INSERT INTO tab_memo (categoryID, memoTypeID, memoName, snipVale) VALUES (1, 3, 'm', '%1')"_s.arg(
+                    QString(3000, u'x')));
+        transaction.commit();
+    }
+    QFile file(archive);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.seek((shipped / 4096 + 100) * 4096)); // three pages among the memos
+    file.write(QByteArray(3 * 4096, 0));
+    file.close();
+    const QByteArray damaged = bytesOf(archive);
+    p.questions.expect(QString(), Answer::Yes);
+    p.questions.expect(QString());
+    p.questions.expect(QString());
+    p.frame->CompactArchive();
+    QVERIFY(p.questions.asked.last().text.startsWith("The archive was damaged."_L1));
+    QCOMPARE(bytesOf(archive + u".damaged"_s), damaged); // kept as it was
+    const QString kept = ArchiveUnit(p.program->archive).Open(u"SELECT COUNT(memoID) AS n FROM tab_memo"_s).text(0);
+    QVERIFY2(kept.toInt() >= 290 && kept.toInt() < 300, qPrintable(kept));
+}
+
+// A desktop without a notification area: the close box minimises, so that the frame can be found again.
+void tst_frmMain::closeBoxAndExit()
+{
+    Program p;
+    p.startFresh();
+    p.frame->close();
+    QVERIFY(p.frame->isVisible() && p.frame->isMinimized());
+    p.previous.onBringToFront();
+    QVERIFY(p.frame->isVisible() && !p.frame->isMinimized());
+    p.questions.expect(bye);
+    p.frame->ActiveBar21_Click(u"miFileExit"_s);
+    QCOMPARE(p.questions.asked.last().style, MessageStyle::Plain);
+    QVERIFY(!p.frame->isVisible());
+}
+
+// From the task timer to the answer: the list that is seen shows it, another archive takes the open pop-ups away.
+void tst_frmMain::reminders()
+{
+    Program p;
+    p.startFresh();
+    {
+        ArchiveUnit unit(p.program->archive);
+        const auto category =
+            unit.Open(u"SELECT categoryID FROM tab_category WHERE type = 2"_s).integer(u"categoryID"_s);
+        unit.Execute(u"INSERT INTO tab_todo (categoryID, name, alarmOn, alarmDate) VALUES (%1, 'Call', 1, "
+                     "'2026-3-4 9:4:59')"_s.arg(category));
+    }
+    p.tree().setCurrentIndex(p.tree().model()->index(2, 0, p.tree().model()->index(0, 0)));
+    const auto hasAlarmIcon = [&] {
+        const auto* list = p.frame->findChild<QTreeView*>(u"lvwToDo"_s)->model();
+        return list->rowCount() == 1 && !list->index(0, 1).data(Qt::DecorationRole).isNull();
+    };
+    QVERIFY(hasAlarmIcon());
+    const auto popup = [] {
+        const QWidgetList all = QApplication::topLevelWidgets();
+        const auto found = std::find_if(all.begin(), all.end(), [](const QWidget* window) {
+            return window->objectName() == "frmAlarm"_L1 && window->isVisible();
+        });
+        return found == all.end() ? nullptr : *found;
+    };
+    const auto tick = [&] { QMetaObject::invokeMethod(p.frame->findChild<QTimer*>(u"TimerTask"_s), "timeout"); };
+    tick();
+    QTRY_VERIFY(popup());
+    p.files.answers = {p.scratch.path()};
+    p.frame->OpenArchive();
+    QVERIFY(!popup());
+    p.tree().setCurrentIndex(p.tree().model()->index(2, 0, p.tree().model()->index(0, 0)));
+    tick();
+    QTRY_VERIFY(popup());
+    popup()->findChild<QAbstractButton*>(u"cmdOK"_s)->click();
+    QVERIFY(!popup() && !hasAlarmIcon());
+}
+
+SNIPVALE_TEST(tst_frmMain)
+#include "tst_frmMain.moc"

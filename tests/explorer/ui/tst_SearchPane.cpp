@@ -1,0 +1,473 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "explorer/ui/ExplorerFixture.h"
+#include "support/Registry.h"
+
+#include "explorer/ui/SearchPane.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSplitter>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString deleteQuestion = u"Are you sure you want to delete selected elements? "_s;
+const QString memoSelect =
+    u" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_memo.memoID as memoID, "
+    "tab_memo.memoName, tab_memoType.name as memoType FROM tab_memoType INNER JOIN (tab_category INNER JOIN tab_memo "
+    "ON tab_category.categoryID = tab_memo.categoryID) ON tab_memoType.memoTypeID = tab_memo.memoTypeID  WHERE 1 <> 1 "_s;
+
+// An explorer with its search pane open over one element of each kind, and boxes to check by their names.
+struct Searching : Explorer {
+    Searching()
+    {
+        addMemo(u"sort memo"_s);
+        addBookmark(u"sort bookmark"_s);
+        addToDo(u"sort to-do"_s);
+        window.search().show();
+    }
+    QCheckBox& box(const char* name) { return find<QCheckBox>(name); }
+    QLineEdit& text() { return find<QLineEdit>("txtSearchText"); }
+    ElementListView& hits() { return list("lvwSearch"); }
+    void check(const QStringList& boxes)
+    {
+        for (const char* name : {"chkMemo", "chkBookmark", "chkToDo"})
+            box(name).setChecked(boxes.contains(QString::fromLatin1(name)));
+    }
+    void search(const QString& what)
+    {
+        text().setText(what);
+        statements.clear();
+        QTest::keyClick(&text(), Qt::Key_Return);
+    }
+    void addMemos(int count)
+    {
+        ArchiveUnit unit(archive);
+        jet::Connection::Transaction transaction(unit.connection());
+        for (int i = 0; i < count; ++i)
+            unit.Execute(
+                u"INSERT INTO tab_memo (categoryID, memoTypeID, memoName, snipVale) VALUES (1, 3, 'x', 'y')"_s);
+        transaction.commit();
+        statements.clear();
+    }
+};
+
+} // namespace
+
+class tst_SearchPane : public QObject {
+    Q_OBJECT
+private slots:
+    void showAndHide();
+    void defaultsAndFields();
+    void refusals();
+    void statements_data();
+    void statements();
+    void hitsOfAllKinds();
+    void hitsAccumulate();
+    void pathsOfCategories();
+    void opening();
+    void selectingInTheTree();
+    void selectingWhatIsGone();
+    void deletingHits();
+    void commandsAndMenu();
+    void hostileTexts_data();
+    void hostileTexts();
+    void errorsKeepTheHits();
+    void escapeStops();
+    void nothingElseHappensMeanwhile();
+};
+
+void tst_SearchPane::showAndHide()
+{
+    Explorer e;
+    auto& pane = e.find<QWidget>("picSearch");
+    auto& lists = e.find<QStackedWidget>("stkSections");
+    const int all = lists.height();
+    QVERIFY(!pane.isVisible());
+    e.find<QLineEdit>("txtSearchText").setText(u"old text"_s);
+    e.window.activateWindow();
+    e.window.search().show();
+    QVERIFY(pane.isVisible());
+    QVERIFY(e.find<QSplitter>("hSplitter").orientation() == Qt::Vertical);
+    QCOMPARE(e.find<QLineEdit>("txtSearchText").selectedText(), u"old text"_s);
+    QCOMPARE(e.window.focusWidget(), &e.find<QLineEdit>("txtSearchText"));
+    QApplication::processEvents();
+    QVERIFY(lists.height() < all && pane.height() > 150);
+    const int height = pane.height();
+    e.find<QPushButton>("cmdCloseSearch").click();
+    QApplication::processEvents();
+    QVERIFY(!pane.isVisible());
+    QCOMPARE(lists.height(), all);
+    e.window.search().show();
+    QApplication::processEvents();
+    QCOMPARE(pane.height(), height);
+    QCOMPARE(e.find<QToolButton>("picSearchClose").toolTip(), u"Close search window"_s);
+    e.find<QToolButton>("picSearchClose").click();
+    QVERIFY(!pane.isVisible());
+}
+
+void tst_SearchPane::defaultsAndFields()
+{
+    Searching e;
+    QCOMPARE(e.label("lblSearch"), u"Search"_s);
+    for (const char* name : {"chkMemo", "chkMemoName", "chkSnipVale", "chkMemoNotes", "chkBookmark", "chkToDo"})
+        QVERIFY2(e.box(name).isChecked() && e.box(name).isEnabled(), name);
+    for (const bool on : {false, true}) {
+        e.box("chkMemo").setChecked(on);
+        for (const char* name : {"chkMemoName", "chkSnipVale", "chkMemoNotes"})
+            QCOMPARE(e.box(name).isEnabled(), on);
+    }
+}
+
+void tst_SearchPane::refusals()
+{
+    Searching e;
+    e.questions.expect(u"Please enter text to search for"_s);
+    e.search(u" \t "_s);
+    QCOMPARE(e.questions.asked.last().style, MessageStyle::Information);
+    e.check({});
+    e.questions.expect(u"Choose where you want to find your memos."_s);
+    e.search(u"x"_s);
+    QCOMPARE(e.questions.asked.last().style, MessageStyle::Exclamation);
+    QCOMPARE(e.statements, QStringList());
+    QCOMPARE(e.label("lblSearch"), u"Search"_s);
+}
+
+void tst_SearchPane::statements_data()
+{
+    QTest::addColumn<QStringList>("boxes");
+    QTest::addColumn<QStringList>("fields");
+    QTest::addColumn<QString>("statement");
+    QTest::newRow("memo, all fields") << QStringList(u"chkMemo"_s)
+                                      << QStringList({u"chkMemoName"_s, u"chkSnipVale"_s, u"chkMemoNotes"_s})
+                                      << memoSelect +
+            u"  OR ( tab_memo.memoName LIKE '% a_b %' )  OR ( tab_memo.snipVale LIKE '% a_b %' )"
+            "  OR ( tab_memo.memoNotes LIKE '% a_b %' )"_s;
+    QTest::newRow("memo, code") << QStringList(u"chkMemo"_s) << QStringList(u"chkSnipVale"_s)
+                                << memoSelect + u"  OR ( tab_memo.snipVale LIKE '% a_b %' )"_s;
+    QTest::newRow("memo, no field") << QStringList(u"chkMemo"_s) << QStringList() << memoSelect;
+    QTest::newRow("bookmark")
+        << QStringList(u"chkBookmark"_s) << QStringList()
+        << u" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_bookmark.bookmarkID, "
+           "tab_bookmark.name as bookmarkName, tab_bookmark.url, tab_bookmark.keywords, tab_bookmark.description, "
+           "tab_bookmark.dateIn, tab_bookmark.dateLastMod  FROM tab_category INNER JOIN tab_bookmark ON "
+           "tab_category.categoryID = tab_bookmark.categoryID  WHERE 1 <> 1   OR ( tab_bookmark.name LIKE '% a_b %' )"
+           "  OR ( tab_bookmark.description LIKE '% a_b %' )  OR ( tab_bookmark.keywords LIKE '% a_b %' )"_s;
+    QTest::newRow("to-do")
+        << QStringList(u"chkToDo"_s) << QStringList()
+        << u" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_todo.todoID, "
+           "tab_todo.name as todoName, tab_todo.description, tab_todo.dateIn, tab_todo.dateLastMod  FROM tab_category "
+           "INNER JOIN tab_todo ON tab_category.categoryID = tab_todo.categoryID  WHERE 1 <> 1 "
+           "  OR ( tab_todo.name LIKE '% a_b %' )  OR ( tab_todo.description LIKE '% a_b %' )"_s;
+}
+
+void tst_SearchPane::statements()
+{
+    QFETCH(QStringList, boxes);
+    QFETCH(QStringList, fields);
+    QFETCH(QString, statement);
+    Searching e;
+    for (const char* field : {"chkMemoName", "chkSnipVale", "chkMemoNotes"})
+        e.box(field).setChecked(fields.contains(QString::fromLatin1(field)));
+    e.check(boxes);
+    e.search(u" a_b "_s); // as typed, with its blanks
+    QCOMPARE(e.statements, QStringList(statement));
+}
+
+void tst_SearchPane::hitsOfAllKinds()
+{
+    Searching e;
+    e.run(u"INSERT INTO tab_memo (categoryID, memoTypeID, memoName, snipVale, memoNotes) VALUES (1, 3, NULL, "
+          "'qsort()', 'notes')"_s);
+    e.run(u"INSERT INTO tab_bookmark (categoryID, keywords) VALUES (2, 'resorts')"_s);
+    e.run(u"INSERT INTO tab_todo (categoryID, description) VALUES (3, 'SORTED')"_s);
+    e.run(u"INSERT INTO tab_memo (categoryID) VALUES (1)"_s);
+    e.search(u"Sort"_s);
+    QCOMPARE(e.statements.size(), 3);
+    QCOMPARE(e.texts("lvwSearch"),
+             QStringList({u"sort memo"_s, QString(), u"sort bookmark"_s, QString(), u"sort to-do"_s, QString()}));
+    QCOMPARE(e.texts("lvwSearch", 1),
+             QStringList({u"Code"_s, u"Code"_s, u"Bookmarks"_s, u"Bookmarks"_s, u"ToDo"_s, u"ToDo"_s}));
+    const QString language = e.value(u"SELECT name FROM tab_memoType WHERE memoTypeID = 3"_s);
+    QCOMPARE(e.texts("lvwSearch", 2), QStringList({language, language, QString(), QString(), QString(), QString()}));
+    QCOMPARE(e.label("lblSearch"), u" Search: (6)"_s);
+    e.search(u"nothing has this"_s);
+    QCOMPARE(e.label("lblSearch"), u" Search: (0)"_s);
+    e.box("chkMemoName").setChecked(false);
+    e.search(u"sort"_s);
+    QCOMPARE(e.texts("lvwSearch").size(), 5); // the memo by its code only
+}
+
+void tst_SearchPane::hitsAccumulate()
+{
+    Searching e;
+    SearchPane& pane = e.window.search();
+    e.text().setText(u"sort"_s);
+    pane.SearchMemo();
+    pane.SearchMemo(); // always begins anew
+    pane.SearchBookmark();
+    pane.SearchToDo();
+    QCOMPARE(e.texts("lvwSearch"), QStringList({u"sort memo"_s, u"sort bookmark"_s, u"sort to-do"_s}));
+    e.check({u"chkBookmark"_s, u"chkToDo"_s});
+    pane.SearchBookmark(); // "Look in Memo" is off: begins anew
+    QCOMPARE(e.texts("lvwSearch"), QStringList({u"sort bookmark"_s}));
+    pane.SearchToDo();
+    QCOMPARE(e.texts("lvwSearch").size(), 2);
+    e.check({u"chkMemo"_s, u"chkToDo"_s});
+    pane.SearchToDo();
+    QCOMPARE(e.texts("lvwSearch").size(), 3);
+    e.check({u"chkToDo"_s});
+    pane.SearchToDo();
+    QCOMPARE(e.texts("lvwSearch"), QStringList({u"sort to-do"_s}));
+    QCOMPARE(e.label("lblSearch"), u" Search: (1)"_s);
+}
+
+void tst_SearchPane::pathsOfCategories()
+{
+    Searching e;
+    e.run(u"INSERT INTO tab_category (categoryID, parentID, type, name) VALUES (20, 1, 0, 'Inner')"_s);
+    e.run(u"INSERT INTO tab_category (categoryID, parentID, type, name) VALUES (21, 20, 0, 'Code Root')"_s);
+    e.run(u"INSERT INTO tab_memo (categoryID, memoTypeID, memoName) VALUES (21, 3, 'deep')"_s);
+    e.window.LoadTreeView();
+    e.search(u"deep"_s);
+    QCOMPARE(e.texts("lvwSearch", 1), QStringList(u"Code\\Inner\\Code Root"_s));
+    QCOMPARE(e.hits().model()->index(0, 1).data(Qt::UserRole + 1).toString(), u"21 ID"_s);
+    QCOMPARE(e.hits().model()->index(0, 0).data(Qt::UserRole + 1).toString(), u"MEMO"_s);
+}
+
+void tst_SearchPane::opening()
+{
+    Searching e;
+    e.search(u"sort"_s);
+    e.questions.expect(u"Error: Nothing is selected"_s);
+    QTest::keyClick(&e.hits(), Qt::Key_Return);
+    QCOMPARE(e.questions.asked.last().style, MessageStyle::Critical);
+    QStringList titles;
+    const auto remember = [&titles](QWidget& window) {
+        titles.append(window.windowTitle());
+        window.close();
+    };
+    whenModal(remember);
+    QTest::mouseDClick(e.hits().viewport(), Qt::LeftButton, {}, e.cellOf(e.hits(), 0, 1));
+    QCOMPARE(e.filter.EditingModeMemoID, 1);
+    QCOMPARE(e.window.selectedKey(), u"1 ID"_s);
+    QCOMPARE(e.list("lvwMemo").selectedKeys(), QStringList({u"1 M_ID"_s}));
+    e.hits().selectKey(u"1 B_ID"_s);
+    whenModal(remember);
+    QTest::keyClick(&e.hits(), Qt::Key_Return);
+    QCOMPARE(e.filter.EditingModeBookmarkID, 1);
+    QCOMPARE(titles.size(), 2);
+    QVERIFY(titles.first().startsWith("Memo"_L1) && titles.last().startsWith("Bookmark"_L1));
+}
+
+void tst_SearchPane::selectingInTheTree()
+{
+    Searching e;
+    QVERIFY(!e.window.SelectElementInTreeView()); // no hits yet
+    e.search(u"sort"_s);
+    const std::tuple<QString, QString, const char*, QString> rows[] = {
+        {u"1 T_ID"_s, u"3 ID"_s, "lvwToDo", u"picToDo"_s},
+        {u"1 M_ID"_s, u"1 ID"_s, "lvwMemo", u"lvwMemo"_s},
+        {u"1 B_ID"_s, u"2 ID"_s, "lvwBookmark", u"picBookmark"_s}};
+    for (const auto& [hit, category, list, section] : rows) {
+        e.hits().selectKey(hit);
+        QVERIFY(e.window.SelectElementInTreeView());
+        QCOMPARE(e.section(), section);
+        QCOMPARE(e.window.selectedKey(), category);
+        QCOMPARE(QString::number(e.category.CategoryID) + u" ID"_s, category);
+        QCOMPARE(e.list(list).selectedKeys(), QStringList({hit}));
+        QCOMPARE(e.hits().selectedKeys(), QStringList({hit}));
+    }
+}
+
+void tst_SearchPane::selectingWhatIsGone()
+{
+    Searching e;
+    e.search(u"sort"_s);
+    e.run(u"DELETE * FROM tab_todo"_s);
+    e.hits().selectKey(u"1 T_ID"_s);
+    QVERIFY(e.window.SelectElementInTreeView()); // its category is still there
+    QCOMPARE(e.list("lvwToDo").selectedKeys(), QStringList());
+    e.run(u"DELETE * FROM tab_category WHERE categoryID = 1"_s);
+    e.window.LoadTreeView();
+    e.hits().selectKey(u"1 M_ID"_s);
+    e.questions.expect(u"Error in SelectElementInTreeView: The category is no longer in the tree."_s);
+    e.window.OpenSearchElement(); // and no editor
+    QCOMPARE(e.filter.EditingModeMemoID, 0);
+}
+
+void tst_SearchPane::deletingHits()
+{
+    Searching e;
+    e.addMemo(u"sort another"_s);
+    e.addBookmark(u"no match"_s);
+    e.click(u"2 ID"_s);
+    e.search(u"sort"_s);
+    e.window.search().DeleteSearchMemo(); // nothing is selected: no question
+    e.hits().selectKeys({u"1 M_ID"_s, u"1 B_ID"_s}, u"1 M_ID"_s);
+    e.questions.expect(deleteQuestion, Answer::No);
+    QTest::keyClick(&e.hits(), Qt::Key_Delete);
+    QCOMPARE(e.label("lblSearch"), u" Search: (4)"_s);
+    e.statements.clear();
+    e.questions.expect(deleteQuestion, Answer::Yes);
+    QTest::keyClick(&e.hits(), Qt::Key_Delete);
+    QCOMPARE(e.questions.asked.last().title, u"Deleting elements"_s);
+    QCOMPARE(e.statements,
+             QStringList({u"DELETE * FROM tab_memo WHERE tab_memo.memoID IN ( 1) "_s,
+                          u"DELETE * FROM tab_bookmark WHERE tab_bookmark.bookmarkID IN ( 1) "_s,
+                          u" SELECT * FROM tab_bookmark WHERE categoryID = 2"_s}));
+    QCOMPARE(e.texts("lvwSearch"), QStringList({u"sort another"_s, u"sort to-do"_s}));
+    QCOMPARE(e.label("lblSearch"), u" Search: (2)"_s);
+    QCOMPARE(e.texts("lvwBookmark"), QStringList({u"no match"_s}));
+    e.archive.setPath(e.scratch.path(u"gone.SVA"_s));
+    e.hits().selectKey(u"2 M_ID"_s);
+    e.questions.expect(deleteQuestion, Answer::Yes);
+    e.questions.expect(QString());
+    e.window.search().DeleteSearchMemo();
+    QVERIFY(e.questions.asked.last().text.startsWith("Error in DeleteSearchMemo: "_L1));
+    QCOMPARE(e.texts("lvwSearch").size(), 2);
+}
+
+void tst_SearchPane::commandsAndMenu()
+{
+    Searching e;
+    e.search(u"sort"_s);
+    const auto areEnabled = [&e] {
+        return e.enabled("miSearchOpenElement") + e.enabled("miSearchDeleteMemo") +
+            e.enabled("miSearchSelectElementInTreeView");
+    };
+    QCOMPARE(areEnabled(), 0);
+    QTest::mouseClick(e.hits().viewport(), Qt::RightButton, {}, e.cellOf(e.hits(), 0));
+    QCOMPARE(areEnabled(), 3);
+    QTest::mouseClick(e.hits().viewport(), Qt::RightButton, {}, QPoint(20, e.hits().viewport()->height() - 5));
+    QCOMPARE(areEnabled(), 0);
+    QCOMPARE(e.frame.menus, QStringList({u"mnuSearch"_s, u"mnuSearch"_s}));
+    e.hits().selectKey(u"1 T_ID"_s);
+    QCOMPARE(areEnabled(), 3);
+    e.window.search().hide();
+    QCOMPARE(areEnabled(), 0);
+    QVERIFY(!e.window.SelectElementInTreeView());
+}
+
+void tst_SearchPane::hostileTexts_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("name"); // of a memo
+    QTest::addColumn<int>("hits"); // -1: an error
+    QTest::newRow("quote") << u"it's"_s << u"it''s"_s << -1;
+    QTest::newRow("two quotes") << u"it''s"_s << u"it''s"_s << 1;
+    QTest::newRow("statement") << u"'; DELETE * FROM tab_memo; --"_s << u"x"_s << -1;
+    QTest::newRow("closed condition") << u"zz%' ) OR ( 1 = 1 ) OR ( 'a' LIKE '"_s << u"x"_s << 2;
+    QTest::newRow("double quote") << u"\"a\""_s << u"say \"a\""_s << 1;
+    QTest::newRow("percent matches all") << u"%"_s << u"x"_s << 2;
+    QTest::newRow("percent as a letter") << u"100[%]"_s << u"100%"_s << 1;
+    QTest::newRow("underscore") << u"a_c"_s << u"abc"_s << 1;
+    QTest::newRow("list") << u"[b-d]og"_s << u"dog"_s << 1;
+    QTest::newRow("date mark") << u"#1#"_s << u"#1#"_s << 1;
+    QTest::newRow("comment") << u"-- /* x"_s << u"-- /* x"_s << 1;
+    QTest::newRow("backslash") << u"c:\\new"_s << u"c:\\new"_s << 1;
+    QTest::newRow("Cyrillic in the other case") << u"ЗАМЕТКА"_s << u"моя заметка"_s << 1;
+    QTest::newRow("emoji") << u"\U0001F600"_s << u"smile \U0001F600"_s << 1;
+    QTest::newRow("half a surrogate") << QString(QChar(0xD83D)) << u"x"_s << 0;
+    QTest::newRow("a megabyte") << QString(1000000, u'x') << u"x"_s << 0;
+}
+
+void tst_SearchPane::hostileTexts()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, name);
+    QFETCH(int, hits);
+    Searching e;
+    e.addMemo(name);
+    e.check({u"chkMemo"_s});
+    e.search(u"sort"_s);
+    QCOMPARE(e.label("lblSearch"), u" Search: (1)"_s);
+    if (hits < 0)
+        e.questions.expect(QString());
+    e.search(text);
+    if (hits < 0) {
+        QVERIFY(e.questions.asked.last().text.startsWith("Error in SearchMemo: "_L1));
+        QCOMPARE(e.questions.asked.last().style, MessageStyle::Critical);
+        QCOMPARE(e.texts("lvwSearch"), QStringList({u"sort memo"_s}));
+    } else {
+        QCOMPARE(e.texts("lvwSearch").size(), hits);
+    }
+    QCOMPARE(e.value(u"SELECT COUNT(*) AS n FROM tab_memo"_s), u"2"_s);
+}
+
+void tst_SearchPane::errorsKeepTheHits()
+{
+    Searching e;
+    e.search(u"sort"_s);
+    // Nothing of a search that fails on its way is shown; and one failure is told once.
+    e.run(u"DROP TABLE tab_todo"_s);
+    e.addMemo(u"sort again"_s);
+    e.questions.expect(QString());
+    e.search(u"sort"_s);
+    QVERIFY(e.questions.asked.last().text.startsWith("Error in SearchToDo: "_L1));
+    QCOMPARE(e.texts("lvwSearch").size(), 3);
+    // A line edit takes no NUL; the routine does.
+    std::vector<SearchHit> found(1);
+    const QString nul = u"a"_s + QChar(0) + u"b"_s;
+    try {
+        searchElements(e.archive, ElementKind::Memo, nul, {}, {}, found);
+    } catch (const jet::Error&) {
+    }
+    QCOMPARE(found.size(), size_t(1));
+    e.archive.setPath(e.scratch.path(u"gone.SVA"_s));
+    e.questions.expect(QString());
+    e.search(u"sort"_s);
+    QVERIFY(e.questions.asked.last().text.startsWith("Error in SearchMemo: "_L1));
+    QCOMPARE(e.texts("lvwSearch").size(), 3);
+}
+
+void tst_SearchPane::escapeStops()
+{
+    Searching e;
+    e.search(u"sort"_s);
+    e.addMemos(5000);
+    e.window.search().setPatience(0);
+    QCoreApplication::postEvent(&e.window, new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+    e.search(u"x"_s);
+    QCOMPARE(e.statements.size(), 1); // the other kinds were not looked at any more
+    QCOMPARE(e.frame.status, u"The search was stopped"_s);
+    QCOMPARE(e.texts("lvwSearch").size(), 3);
+    QVERIFY(!QApplication::overrideCursor());
+    e.search(u"x"_s); // the next one is not stopped
+    QCOMPARE(e.label("lblSearch"), u" Search: (5000)"_s);
+    QCOMPARE(e.frame.status, u"Search -  items: 5000"_s);
+    QVERIFY(!QApplication::overrideCursor());
+}
+
+void tst_SearchPane::nothingElseHappensMeanwhile()
+{
+    Searching e;
+    e.addMemos(5000);
+    e.click(u"3 ID"_s);
+    e.window.search().setPatience(0);
+    const QPoint elsewhere = e.tree().visualRect(e.node(u"1 ID"_s)).center();
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+        QCoreApplication::postEvent(e.tree().viewport(),
+                                    new QMouseEvent(type, elsewhere, e.tree().viewport()->mapToGlobal(elsewhere),
+                                                    Qt::LeftButton, Qt::LeftButton, Qt::NoModifier));
+    QCoreApplication::postEvent(&e.text(), new QKeyEvent(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, u"a"_s));
+    QCoreApplication::postEvent(&e.window, new QCloseEvent);
+    bool ticked = false;
+    QTimer timer;
+    connect(&timer, &QTimer::timeout, this, [&ticked] { ticked = true; });
+    timer.start(0);
+    e.search(u"x"_s);
+    QVERIFY(!ticked);
+    QVERIFY(e.window.isVisible());
+    QCOMPARE(e.text().text(), u"x"_s);
+    QCOMPARE(e.window.selectedKey(), u"3 ID"_s);
+    QCOMPARE(e.texts("lvwSearch").size(), 5000);
+    QTRY_VERIFY(ticked);
+}
+
+SNIPVALE_TEST(tst_SearchPane)
+#include "tst_SearchPane.moc"

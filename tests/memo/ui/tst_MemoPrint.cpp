@@ -1,0 +1,325 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Registry.h"
+#include "support/UiSupport.h"
+
+#include "archive/ElementListener.h"
+#include "archive/cViewFilter.h"
+#include "memo/cMemo.h"
+#include "memo/code/ui/ScintillaView.h"
+#include "memo/ui/MemoPrint.h"
+#include "memo/ui/frmSnipVale.h"
+#include "ui/print/RichTextPrint.h"
+
+#include <QImage>
+#include <QLineEdit>
+#include <QPrinter>
+#include <QProcess>
+#include <QProgressDialog>
+#include <QSpinBox>
+#include <QToolBar>
+#include <QToolButton>
+#include <QtTest>
+#include <csignal>
+#include <sys/resource.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The answer of one of the poppler tools, which know nothing of this program.
+QByteArray ask(const QString& tool, const QStringList& arguments)
+{
+    QProcess process;
+    process.start(tool, arguments);
+    if (!process.waitForFinished() || process.exitCode() != 0)
+        QTest::qFail(qPrintable(tool + u": "_s + QString::fromUtf8(process.readAllStandardError())), __FILE__,
+                     __LINE__);
+    return process.readAllStandardOutput();
+}
+
+struct Printed : UiFixture {
+    qint32 save(const QString& name, const QString& code, qint32 language = 3, const QString& notes = {})
+    {
+        memo.CategoryID = 1;
+        memo.MemoName = name;
+        memo.SnipVale = code;
+        memo.MemoTypeID = language;
+        memo.MemoNotes = notes;
+        if (!memo.Save())
+            qFatal("the memo was not saved");
+        return memo.MemoID;
+    }
+    bool print(const QList<qint32>& ids)
+    {
+        printing.files.push_back(pdf);
+        return printMemos(nullptr, archive, desktop, ids);
+    }
+    QString text() const { return QString::fromUtf8(ask(u"pdftotext"_s, {u"-layout"_s, pdf, u"-"_s})); }
+    int pages() const
+    {
+        const QByteArray info = ask(u"pdfinfo"_s, {pdf});
+        return info.mid(info.indexOf("Pages:") + 6).trimmed().split('\n').first().toInt();
+    }
+    QImage picture(int page) const
+    {
+        ask(u"pdftoppm"_s, {u"-r"_s, u"100"_s, u"-png"_s, u"-f"_s, QString::number(page), u"-singlefile"_s, pdf, pdf});
+        return QImage(pdf + u".png"_s);
+    }
+    cMemo memo{archive};
+    QString pdf = scratch.path(u"memo.pdf"_s);
+};
+
+int pixels(const QImage& image, const std::function<bool(QColor)>& wanted)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            count += wanted(image.pixelColor(x, y)) ? 1 : 0;
+    }
+    return count;
+}
+
+QString numbered(int lines)
+{
+    QString code;
+    for (int i = 1; i <= lines; ++i)
+        code += u"int value%1;\n"_s.arg(i);
+    return code;
+}
+
+} // namespace
+
+class tst_MemoPrint : public QObject {
+    Q_OBJECT
+private slots:
+    void everythingIsOnThePage();
+    void darkStylesComeOnWhitePaper();
+    void hostileTexts_data();
+    void hostileTexts();
+    void pagesAndCopies();
+    void stoppedAndFailed();
+    void fullDisk();
+    void fromTheEditor();
+    void preview();
+};
+
+void tst_MemoPrint::everythingIsOnThePage()
+{
+    Printed p;
+    p.memo.MemoLink = u"https://example.org/x"_s;
+    p.memo.MemoDescription = u"One & <i>only</i>"_s;
+    const qint32 first = p.save(u"A <b>name</b>"_s, u"class Ring {\n\tint size; // comment\n};\n"_s, 3,
+                                u"{\\rtf1{\\colortbl;\\red230\\green0\\blue230;}plain \\b\\cf1 magenta\\par}"_s);
+    p.memo.MemoLink = p.memo.MemoDescription = QString();
+    const qint32 second = p.save(u"Second"_s, u"import sys\n"_s, 2);
+    QVERIFY(p.print({first, second}));
+    QCOMPARE(p.pages(), 2);
+    const QStringList pages = p.text().split(u'\f');
+    for (const QString& part : {u"A <b>name</b>"_s, u"Language:"_s, u"C / C++"_s, u"Code"_s, u"https://example.org/x"_s,
+                                u"One & <i>only</i>"_s, u"Notes"_s, u"plain magenta"_s, u"Page 1 of 2"_s})
+        QVERIFY2(pages[0].contains(part), qPrintable(part + u" is not in\n"_s + pages[0]));
+    QVERIFY2(pages[0].contains(QRegularExpression(u"\\n *2 +int size; // comment\\n"_s)), qPrintable(pages[0]));
+    QVERIFY(pages[1].contains(u"Python"_s) && pages[1].contains(u"Page 2 of 2"_s));
+    for (const QString& empty : {u"Link:"_s, u"Description:"_s, u"Notes"_s})
+        QVERIFY2(!pages[1].contains(empty), qPrintable(empty));
+
+    const QImage image = p.picture(1);
+    const auto isKeyword = [](QColor c) { return c.blue() > 90 && c.red() < 50 && c.green() < 50; };
+    const auto isComment = [](QColor c) { return c.green() > 90 && c.red() < 60 && c.blue() < 60; };
+    const auto isMagenta = [](QColor c) { return c.red() > 180 && c.blue() > 180 && c.green() < 90; };
+    const auto isGutter = [](QColor c) { return c == QColor(0xF2, 0xF2, 0xF2); };
+    QVERIFY(pixels(image, isKeyword) > 30);
+    QVERIFY(pixels(image, isComment) > 30);
+    QVERIFY(pixels(image, isMagenta) > 30);
+    QVERIFY(pixels(image, isGutter) > 500);
+}
+
+void tst_MemoPrint::darkStylesComeOnWhitePaper()
+{
+    Printed p;
+    const qint32 id = p.save(u"dark"_s, u"int plain = other;\n"_s);
+    ArchiveUnit(p.archive).Execute(u"UPDATE tab_style SET foreColor = 16777215, backColor = 0"_s);
+    QVERIFY(p.print({id}));
+    const QImage image = p.picture(1);
+    const QRect code(0, 150, image.width(), 80); // below the heading
+    const int ink = pixels(image.copy(code), [](QColor c) { return c.lightness() < 160; });
+    QVERIFY2(ink > 100 && ink < 2000, qPrintable(QString::number(ink)));
+}
+
+void tst_MemoPrint::hostileTexts_data()
+{
+    QTest::addColumn<QString>("code");
+    QTest::addColumn<QString>("expected"); // without blanks
+    QTest::addColumn<int>("times");
+    QTest::newRow("zero byte") << u"a\0b"_s << u"a\uFFFDb"_s << 1;
+    QTest::newRow("lone surrogate") << u"a"_s + QChar(0xD800) + u"b"_s << u"a?b"_s << 1;
+    QTest::newRow("long line") << QString(u"abcdefghi,"_s).repeated(20000) << u"defgh"_s << 20000;
+    QTest::newRow("long line, styled") << QString(u"if(x)\"é\";"_s).repeated(2000) << u"\"é\";"_s << 2000;
+    QTest::newRow("line separator") << u"one\u2028two\rthree"_s << u"3three"_s << 0;
+    QTest::newRow("tabs and pairs") << u"\t\U0001D538\ttail"_s << u"tail"_s << 1;
+}
+
+void tst_MemoPrint::hostileTexts()
+{
+    QFETCH(QString, code);
+    QFETCH(QString, expected);
+    QFETCH(int, times);
+    Printed p;
+    p.memo.MemoDescription = code.left(3000);
+    const qint32 id = p.save(u"n\0\u202E שם <h1>"_s, code, 3, code.left(3000));
+    QVERIFY(p.print({id}));
+    ask(u"pdftotext"_s, {u"-raw"_s, u"-nopgbrk"_s, p.pdf, p.pdf + u".txt"_s});
+    QFile file(p.pdf + u".txt"_s);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(file.readAll()).remove(QRegularExpression(u"\\s"_s));
+    // Where a row ends, the number of the page may stand between two parts of a word.
+    QVERIFY2(text.count(expected) >= times - times / 40, qPrintable(text.left(500)));
+    if (code.startsWith(u"abc"_s)) // nothing is cut off
+        QVERIFY2(text.count(u',') >= 20000, qPrintable(QString::number(text.count(u','))));
+}
+
+void tst_MemoPrint::pagesAndCopies()
+{
+    Printed p;
+    const qint32 id = p.save(u"long"_s, numbered(400));
+    QVERIFY(p.print({id}));
+    const int all = p.pages();
+    QVERIFY(all >= 5);
+    for (int i : {1, 200, 400})
+        QVERIFY(p.text().contains(u"int value%1;\n"_s.arg(i)));
+    p.printing.onChoose = [](QPrinter& printer) {
+        printer.setPrintRange(QPrinter::PageRange);
+        printer.setFromTo(2, 3);
+        printer.setPageOrder(QPrinter::LastPageFirst);
+        printer.setCopyCount(2);
+    };
+    QVERIFY(p.print({id}));
+    QStringList places;
+    auto match = QRegularExpression(u"Page (\\d+) of %1"_s.arg(all)).globalMatch(p.text());
+    while (match.hasNext())
+        places.append(match.next().captured(1));
+    QCOMPARE(places.join(u' '), u"3 2 3 2"_s);
+    p.printing.onChoose = [](QPrinter& printer) {
+        printer.setPrintRange(QPrinter::PageRange);
+        printer.setFromTo(90, 91);
+    };
+    p.questions.expect(u"Error in PrintMemo: There are only %1 pages."_s.arg(all));
+    QVERIFY(!p.print({id}));
+}
+
+void tst_MemoPrint::stoppedAndFailed()
+{
+    Printed p;
+    const qint32 id = p.save(u"big"_s, numbered(20000));
+    QFile old(p.pdf);
+    QVERIFY(old.open(QIODevice::WriteOnly) && old.write("old") == 3);
+    old.close();
+    int shown = 0;
+    whenModal([&](QWidget& window) {
+        ++shown;
+        dynamic_cast<QProgressDialog&>(window).cancel();
+    });
+    QVERIFY(!p.print({id})); // no message: it was the user
+    QCOMPARE(shown, 1);
+    QVERIFY(old.open(QIODevice::ReadOnly));
+    QCOMPARE(old.readAll(), "old"_ba);
+
+    p.printing.files.push_back(QString()); // the dialog was cancelled
+    QVERIFY(!printMemos(nullptr, p.archive, p.desktop, {id}));
+    p.pdf = p.scratch.path(u"no such folder/memo.pdf"_s);
+    p.questions.expect(
+        u"Error in PrintMemo: The file \"%1\" cannot be written: No such file or directory"_s.arg(p.pdf));
+    QVERIFY(!p.print({id}));
+    p.questions.expect(u"Error in PrintMemo: The memo is no longer in the archive."_s);
+    QVERIFY(!printMemos(nullptr, p.archive, p.desktop, {id + 1}));
+}
+
+void tst_MemoPrint::fullDisk()
+{
+    Printed p;
+    const qint32 id = p.save(u"x"_s, numbered(300));
+    rlimit usual{};
+    getrlimit(RLIMIT_FSIZE, &usual);
+    const rlimit small{6000, usual.rlim_max};
+    auto* before = std::signal(SIGXFSZ, SIG_IGN);
+    p.printing.onChoose = [&](QPrinter&) { setrlimit(RLIMIT_FSIZE, &small); };
+    p.questions.expect({});
+    const bool printed = p.print({id});
+    setrlimit(RLIMIT_FSIZE, &usual);
+    std::signal(SIGXFSZ, before);
+    QVERIFY(!printed);
+    QVERIFY2(p.questions.asked[0].text.contains(u"full"_s), qPrintable(p.questions.asked[0].text));
+    QVERIFY(!QFile::exists(p.pdf));
+}
+
+namespace {
+
+class Listener : public ElementListener {
+public:
+    qint32 selectedCategory() const override { return 1; }
+    void elementSaved(const QString&) override { }
+};
+
+} // namespace
+
+void tst_MemoPrint::fromTheEditor()
+{
+    Printed p;
+    cViewFilter filter;
+    filter.EditingModeMemoID = p.save(u"stored"_s, u"int stored;\n"_s, 3, u"stored note"_s);
+    Listener listener;
+    frmSnipVale editor({p.archive, p.desktop, filter, p.memo, listener}, nullptr);
+    QVERIFY(editor.Form_Load());
+    editor.show();
+    QVERIFY(QTest::qWaitForWindowActive(&editor));
+    editor.findChild<QLineEdit*>(u"txtMemoName"_s)->setText(u"unsaved"_s);
+    editor.findChild<ScintillaView*>()->setText("int typed;\n");
+    p.printing.files.push_back(p.pdf);
+    QTest::keyClick(editor.focusWidget(), Qt::Key_P, Qt::ControlModifier);
+    QString text = p.text();
+    QVERIFY2(text.contains(u"unsaved"_s) && text.contains(QRegularExpression(u"1 +int typed;"_s)) &&
+                 text.contains(u"stored note"_s),
+             qPrintable(text));
+    auto* bar = editor.findChild<QToolBar*>(u"tbToolBarMemo"_s);
+    auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(bar->findChild<QAction*>(u"PrintMemo"_s)));
+    QCOMPARE(button->menu()->actions().size(), 2);
+    QString title;
+    whenModal([&](QWidget& window) {
+        title = window.objectName();
+        window.close();
+    });
+    button->menu()->actions()[1]->trigger();
+    QCOMPARE(title, u"frmPrintPreview"_s);
+    QCOMPARE(p.value(u"SELECT snipVale FROM tab_memo"_s), u"int stored;\n"_s);
+
+    p.printing.files.push_back(p.pdf); // the notes alone
+    editor.findChild<QToolBar*>(u"tbToolBarNote"_s)->findChild<QAction*>(u"Print"_s)->trigger();
+    text = p.text();
+    QVERIFY2(text.contains(u"stored note"_s) && !text.contains(u"typed"_s), qPrintable(text));
+}
+
+void tst_MemoPrint::preview()
+{
+    Printed p;
+    const qint32 id = p.save(u"seen"_s, numbered(300));
+    bool walked = false;
+    whenModal([&](QWidget& window) {
+        auto* page = window.findChild<QSpinBox*>(u"page"_s);
+        const auto run = [&](const char* name) { window.findChild<QAction*>(QString::fromLatin1(name))->trigger(); };
+        QTRY_VERIFY(page->maximum() > 3);
+        run("Last");
+        QCOMPARE(page->value(), page->maximum());
+        QVERIFY(!window.findChild<QAction*>(u"Next"_s)->isEnabled());
+        run("FitWidth");
+        walked = true;
+        p.printing.files.push_back(p.pdf);
+        run("Print");
+    });
+    QVERIFY(previewMemos(nullptr, p.archive, p.desktop, {id}));
+    QVERIFY(walked);
+    QVERIFY(p.text().contains(u"int value300;"_s));
+}
+
+SNIPVALE_TEST(tst_MemoPrint)
+#include "tst_MemoPrint.moc"

@@ -1,0 +1,261 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Registry.h"
+#include "support/UiSupport.h"
+
+#include "archive/Archive.h"
+#include "memo/code/cScintilla.h"
+#include "memo/code/modScintilla.h"
+#include "memo/code/ui/ScintillaView.h"
+#include "memo/languages/ui/frmOptionsLanguage.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTreeView>
+#include <QtTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint32 cpp = 3;
+
+template <typename Widget>
+Widget& in(QWidget& window, const char* name)
+{
+    auto* widget = window.findChild<Widget*>(QString::fromLatin1(name));
+    if (!widget)
+        qFatal("there is no %s", name);
+    return *widget;
+}
+
+// The window of one language, its second style changed to what a test needs.
+struct Styles : UiFixture {
+    explicit Styles(const QString& assignments = QString())
+    {
+        if (!assignments.isEmpty())
+            ArchiveUnit(archive).Execute(u"UPDATE tab_style SET %1 WHERE %2"_s.arg(assignments, second));
+        window = std::make_unique<frmOptionsLanguage>(archive, desktop, frame, nullptr);
+        QVERIFY(window->Form_Load(cpp, u"C / C++"_s));
+        window->show();
+        list().setCurrentIndex(list().model()->index(1, 0));
+        statements.clear();
+    }
+    QString cell(int row, int column) { return list().model()->index(row, column).data().toString(); }
+    QString stored(const char* column)
+    {
+        return value(u"SELECT tab_style.%1 FROM tab_style WHERE %2"_s.arg(QLatin1String(column), second));
+    }
+    QTreeView& list() { return in<QTreeView>(*window, "lvwLanguage"); }
+    QPlainTextEdit& words() { return in<QPlainTextEdit>(*window, "txtKeywords"); }
+    void click(const char* button) { in<QAbstractButton>(*window, button).click(); }
+    void details(std::function<void(QWidget&)> step) // the step closes it
+    {
+        whenModal(std::move(step));
+        window->OpenDetails();
+    }
+
+    const QString second = u"lexerCode = 'SCLEX_CPP' AND styleNumber = 1"_s;
+    std::unique_ptr<frmOptionsLanguage> window;
+};
+
+} // namespace
+
+class tst_frmOptionsLanguage : public QObject {
+    Q_OBJECT
+private slots:
+    void list();
+    void savedStyle();
+    void oddValuesSurvive();
+    void sample();
+    void colorBoxes();
+    void whatIsGone();
+    void keywords();
+};
+
+void tst_frmOptionsLanguage::list()
+{
+    Styles s(u"bold = '1', italic = '0', case = 1, enable = '0', foreColor = 255, backColor = -1, fontName = 'A'"_s);
+    QCOMPARE(s.window->windowTitle(), u"Styles Setting Language: C / C++"_s);
+    QStringList row;
+    for (int column = 0; column < s.list().model()->columnCount(); ++column)
+        row << s.cell(1, column);
+    QCOMPARE(row.join(u'|'), u"1||Block comment|A||255|-1|YES|-|-|UPPER|-"_s);
+    QCOMPARE(s.list().model()->index(1, 0).data(Qt::UserRole).toString(), s.stored("styleID") + u" ID"_s);
+    QCOMPARE(s.list().model()->index(1, 5).data(Qt::BackgroundRole).value<QBrush>().color(), QColor(Qt::red));
+    QVERIFY(!s.list().model()->index(1, 6).data(Qt::BackgroundRole).isValid()); // no colour
+    QVERIFY(s.frame.enabledCommands[u"miOptionsLanguageDetailsOpen"_s]);
+    const QPoint item = s.list().visualRect(s.list().model()->index(1, 2)).center();
+    QContextMenuEvent menu(QContextMenuEvent::Mouse, item, s.list().viewport()->mapToGlobal(item));
+    QApplication::sendEvent(s.list().viewport(), &menu);
+    QCOMPARE(s.frame.menus, QStringList({u"mnuOptionsLanguage"_s}));
+    s.window.reset();
+    QVERIFY(!s.frame.enabledCommands[u"miOptionsLanguageDetailsOpen"_s]);
+}
+
+void tst_frmOptionsLanguage::savedStyle()
+{
+    Styles s(u"bold = '0', italic = '1', underline = '0', foreColor = 28672, backColor = 16777215"_s);
+    const QString id = s.stored("styleID");
+    s.statements.clear();
+    whenModal([&](QWidget& w) {
+        QCOMPARE(w.windowTitle(), u"Styles for C / C++ "_s);
+        in<QAbstractButton>(w, "chkBold").click();
+        in<QAbstractButton>(w, "chkItalic").click();
+        in<QAbstractButton>(w, "optCase_2").click();
+        in<QComboBox>(w, "cmbFontName").setEditText(u"O'Font"_s);
+        auto& size = in<QComboBox>(w, "cmbFontSize");
+        size.setFocus();
+        QVERIFY(QTest::qWaitForWindowActive(&w));
+        QTest::keyClicks(&size, u"1"_s); // and not the 10 that begins so
+        QTest::keyClick(&size, Qt::Key_Return);
+        w.close();
+    });
+    QTest::keyClick(&s.list(), Qt::Key_Return); // opens the style and nothing else
+    QVERIFY(s.window->isVisible());
+    QVERIFY(s.statements.contains(
+        u"UPDATE tab_style SET tab_style.foreColor = 28672 , tab_style.backColor = 16777215 , tab_style.bold = '1' , "
+        "tab_style.italic = '0' , tab_style.underline = '0' , tab_style.invisible = '0' , tab_style.case = '2' , "
+        "tab_style.fontName = 'O''Font' , tab_style.fontSize = '1' , tab_style.enable = '1' WHERE "
+        "(tab_style.styleID = %1 ) "_s.arg(id)));
+    QCOMPARE(s.cell(1, 3) + s.cell(1, 4) + s.cell(1, 7) + s.cell(1, 10), u"O'Font1YESlower"_s);
+    QCOMPARE(s.list().currentIndex().row(), 1); // still selected
+}
+
+void tst_frmOptionsLanguage::oddValuesSurvive()
+{
+    Styles s(u"foreColor = -7, backColor = 2000000000, fontSize = 32767, fontName = 'No '' such \" font'"_s);
+    s.details([](QWidget& w) { in<QAbstractButton>(w, "cmdOK").click(); });
+    QCOMPARE(s.stored("foreColor") + u'|' + s.stored("backColor") + u'|' + s.stored("fontSize") + u'|' +
+                 s.stored("fontName"),
+             u"-7|2000000000|32767|No ' such \" font"_s);
+    s.questions.expect(QString()); // the archive takes no such size; what was chosen stays to be corrected
+    s.details([](QWidget& w) {
+        in<QComboBox>(w, "cmbFontSize").setEditText(u"99999"_s);
+        in<QAbstractButton>(w, "cmdOK").click();
+        QVERIFY(w.isVisible());
+        w.close();
+    });
+    QVERIFY(s.questions.asked.last().text.startsWith("Error in cmdOK: "_L1));
+    QCOMPARE(s.stored("fontSize"), u"32767"_s);
+    ArchiveUnit(s.archive).Execute(u"UPDATE tab_style SET foreColor = null, backColor = null WHERE "_s + s.second);
+    s.details([](QWidget& w) {
+        for (const char* combo : {"cmbFontName", "cmbFontSize"})
+            in<QComboBox>(w, combo).setCurrentIndex(0);
+        in<QAbstractButton>(w, "cmdOK").click();
+    });
+    QCOMPARE(s.stored("foreColor") + s.stored("backColor"), u"1677721516777215"_s);
+    QVERIFY(s.statements.filter(u"tab_style.fontName = null , tab_style.fontSize = null , "_s).size() == 1);
+}
+
+void tst_frmOptionsLanguage::sample()
+{
+    // Text, font, size, weight, italic, ink.
+    const std::pair<QString, QString> looks[] = {
+        {u"fontName = null, fontSize = null, case = 0, bold = '0', italic = '0', foreColor = 255"_s,
+         u"Sample Text Arial 10 400 0 #ff0000"_s},
+        {u"fontName = 'Serif', fontSize = 20, case = 1, bold = '1', italic = '1', foreColor = 16711680"_s,
+         u"SAMPLE TEXT Serif 20 700 1 #0000ff"_s},
+        {u"fontName = 'Serif', fontSize = 32767, case = 2, bold = '0', italic = '0', foreColor = -1"_s,
+         u"sample text Serif 72 400 0 #ffffff"_s}};
+    for (const auto& [row, look] : looks) {
+        Styles s(row);
+        QString shown;
+        s.details([&](QWidget& w) {
+            const auto& label = in<QLabel>(w, "lblSampleText");
+            const QFont font = label.font();
+            QTextStream(&shown) << label.text() << ' ' << font.family() << ' ' << font.pointSize() << ' '
+                                << font.weight() << ' ' << font.italic() << ' '
+                                << label.palette().color(QPalette::WindowText).name();
+            in<QAbstractButton>(w, "chkBold").click(); // live
+            QVERIFY(label.font().bold() != font.bold());
+            in<QAbstractButton>(w, "cmdClose").click();
+        });
+        QCOMPARE(shown, look);
+        QVERIFY(s.statements.filter(u"UPDATE"_s).isEmpty()); // Close discards
+    }
+}
+
+void tst_frmOptionsLanguage::colorBoxes()
+{
+    Styles s(u"foreColor = 1, backColor = 2"_s);
+    ScintillaView editor;
+    cScintilla scintilla(editor, s.archive);
+    scintilla.SetLexer(cpp);
+    s.files.colors = {0x00FF00, 0x0000FF, std::nullopt, 0x123456};
+    s.details([&](QWidget& w) {
+        auto& fore = in<QLineEdit>(w, "txtForeColor");
+        QTest::mouseClick(&fore, Qt::LeftButton);
+        QCOMPARE(fore.text(), u"65280"_s);
+        QCOMPARE(fore.palette().color(QPalette::Base), QColor(Qt::green));
+        QTest::keyClick(&fore, Qt::Key_Space);
+        QCOMPARE(in<QLabel>(w, "lblSampleText").palette().color(QPalette::WindowText), QColor(Qt::red));
+        QTest::keyClick(&fore, Qt::Key_Return); // cancelled
+        QCOMPARE(fore.text(), u"255"_s);
+        QTest::keyClick(&in<QLineEdit>(w, "txtBackColor"), Qt::Key_Return);
+        QVERIFY(w.isVisible()); // OK was not pressed by it
+        in<QAbstractButton>(w, "cmdOK").click();
+    });
+    QCOMPARE(s.stored("foreColor") + u' ' + s.stored("backColor"), u"255 1193046"_s);
+    scintilla.SetLexer(cpp); // an open editor has the new style from its next language on
+    QCOMPARE(editor.send(2481, 1), 255); // SCI_STYLEGETFORE
+}
+
+void tst_frmOptionsLanguage::whatIsGone()
+{
+    Styles s;
+    s.questions.expect(u"Error in cmdOK: The style is no longer in the archive."_s);
+    s.details([&](QWidget& w) {
+        ArchiveUnit(s.archive).Execute(u"DELETE * FROM tab_style WHERE "_s + s.second);
+        in<QAbstractButton>(w, "cmdOK").click();
+        w.close();
+    });
+    s.questions.expect(u"Error in Form_Load: The style is no longer in the archive."_s);
+    s.window->OpenDetails(); // the list still shows it
+    QVERIFY(!QApplication::activeModalWidget());
+    ArchiveUnit(s.archive).Execute(u"DELETE * FROM tab_memoType WHERE memoTypeID = 3"_s);
+    s.questions.expect(u"Error in cmdOK: The language is no longer in the archive."_s);
+    s.click("cmdOK");
+    QVERIFY(s.window->isVisible());
+    s.archive.setPath(s.scratch.path(u"gone.SVA"_s));
+    s.questions.expect(QString());
+    QVERIFY(!s.window->MakelvwLanguageContents() && s.list().model()->rowCount() > 0);
+    QVERIFY(s.questions.asked.last().text.startsWith("Error in MakelvwLanguageContents: "_L1));
+    s.questions.expect(QString());
+    QVERIFY(!s.window->Form_Load(cpp, u"C"_s));
+}
+
+void tst_frmOptionsLanguage::keywords()
+{
+    Styles s;
+    const QString odd = u"it's \"odd\"\r\nend "_s;
+    updateKeywords(s.archive, u"SCLEX_CPP"_s, odd);
+    QVERIFY(s.window->Form_Load(cpp, u"C"_s));
+    s.click("cmdOK"); // not edited: not a character changes
+    QCOMPARE(keywordsOf(s.archive, u"SCLEX_CPP"_s), odd);
+    s.window->show();
+    s.words().moveCursor(QTextCursor::End);
+    s.words().insertPlainText(u"o'n"_s);
+    for (const char* button : {"cmdClose", ""}) {
+        s.questions.expect(u"Close without saving changes?"_s, Answer::No);
+        *button ? s.click(button) : s.window->reject();
+        QVERIFY(s.window->isVisible());
+    }
+    s.statements.clear();
+    s.click("cmdOK");
+    QVERIFY(!s.window->isVisible());
+    QCOMPARE(s.statements.last(),
+             u"UPDATE tab_memoType SET tab_memoType.keywords = 'it''s \"odd\"\nend o''n'  WHERE "
+             "lexerCode = 'SCLEX_CPP' "_s);
+    const QString large = QString(500'000, u'k') + u" '"_s;
+    s.words().setPlainText(large);
+    s.words().document()->setModified();
+    s.click("cmdOK");
+    QCOMPARE(keywordsOf(s.archive, u"SCLEX_CPP"_s), large);
+}
+
+SNIPVALE_TEST(tst_frmOptionsLanguage)
+#include "tst_frmOptionsLanguage.moc"

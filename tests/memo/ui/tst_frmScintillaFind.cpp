@@ -1,0 +1,191 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/CoreSupport.h"
+#include "support/Registry.h"
+
+#include "memo/code/cScintilla.h"
+#include "memo/code/ui/ScintillaView.h"
+#include "memo/code/ui/frmScintillaFind.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QtTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString endReached = u"Search reached end of document"_s;
+
+struct Desk {
+    Desk()
+    {
+        code.Init();
+        dialog.show();
+    }
+    void press(const char* button) { dialog.findChild<QPushButton*>(QString::fromLatin1(button))->click(); }
+    void type(const char* box, const QString& text)
+    {
+        dialog.findChild<QLineEdit*>(QString::fromLatin1(box))->setText(text);
+    }
+    void check(const char* box, bool on) { dialog.findChild<QCheckBox*>(QString::fromLatin1(box))->setChecked(on); }
+    std::pair<qsizetype, qsizetype> selection()
+    {
+        return {view.send(QsciScintillaBase::SCI_GETSELECTIONSTART), view.send(QsciScintillaBase::SCI_GETSELECTIONEND)};
+    }
+    ScriptedQuestions questions;
+    ManualClock clock;
+    Archive archive{questions, clock};
+    ScintillaView view;
+    cScintilla code{view, archive};
+    frmScintillaFind dialog{code, questions};
+};
+
+using Range = std::pair<qsizetype, qsizetype>;
+
+} // namespace
+
+class tst_frmScintillaFind : public QObject {
+    Q_OBJECT
+private slots:
+    void look();
+    void emptyBoxes();
+    void findsOneAfterAnother();
+    void flags();
+    void replaces_data();
+    void replaces();
+    void textChangesBetween();
+};
+
+void tst_frmScintillaFind::look()
+{
+    Desk desk;
+    QCOMPARE(desk.dialog.objectName(), u"frmScintillaFind"_s);
+    QCOMPARE(desk.dialog.windowTitle(), u"Find"_s);
+    QVERIFY(!desk.dialog.isModal());
+    QCOMPARE(desk.dialog.findChild<QCheckBox*>(u"chkMatchCase"_s)->text().remove(u'&'), u"Match case"_s);
+    QCOMPARE(desk.dialog.findChild<QCheckBox*>(u"chkWholeWord"_s)->text().remove(u'&'), u"Match whole word only"_s);
+    // Each mnemonic once.
+    QString mnemonics;
+    for (const QWidget* widget : desk.dialog.findChildren<QWidget*>()) {
+        const QString text = widget->property("text").toString();
+        if (const qsizetype at = text.indexOf(u'&'); at >= 0 && !qobject_cast<const QLineEdit*>(widget))
+            mnemonics += text[at + 1].toLower();
+    }
+    QCOMPARE(mnemonics.size(), 7);
+    QCOMPARE(QSet<QChar>(mnemonics.begin(), mnemonics.end()).size(), 7);
+    desk.press("cmdClose");
+    QVERIFY(!desk.dialog.isVisible());
+}
+
+void tst_frmScintillaFind::emptyBoxes()
+{
+    Desk desk;
+    desk.view.setText("text");
+    desk.questions.expect(u"Enter text to find"_s);
+    desk.press("cmkFind");
+    desk.questions.expect(u"Enter text to replace"_s);
+    desk.press("cmdReplace");
+    desk.type("txtReplace", u"x"_s);
+    desk.questions.expect(u"Enter text to find"_s);
+    desk.press("cmdReplace");
+    for (const auto& asked : desk.questions.asked)
+        QCOMPARE(asked.style, MessageStyle::Exclamation);
+    QCOMPARE(desk.view.text(), "text"_ba);
+}
+
+void tst_frmScintillaFind::findsOneAfterAnother()
+{
+    Desk desk;
+    desk.view.setText("żab zab żab"); // ż is two bytes
+    desk.code.setCurPosition(7); // does not matter: a dialog's first search begins at the top
+    desk.type("txtFind", u"ab"_s);
+    desk.press("cmkFind");
+    QCOMPARE(desk.selection(), Range(2, 4));
+    QTest::keyClick(desk.dialog.findChild<QLineEdit*>(u"txtFind"_s), Qt::Key_Return);
+    QCOMPARE(desk.selection(), Range(6, 8));
+    desk.type("txtFind", u"ŻAB"_s); // letter case of any script
+    desk.press("cmkFind");
+    QCOMPARE(desk.selection(), Range(9, 13));
+    desk.questions.expect(endReached);
+    desk.press("cmkFind");
+    QCOMPARE(desk.selection(), Range(9, 13));
+    QCOMPARE(desk.questions.asked.last().style, MessageStyle::Information);
+    desk.press("cmkFind"); // and from the top again
+    QCOMPARE(desk.selection(), Range(0, 4));
+    desk.dialog.close();
+    desk.dialog.show();
+    desk.press("cmkFind"); // a dialog that opens begins at the top
+    QCOMPARE(desk.selection(), Range(0, 4));
+}
+
+void tst_frmScintillaFind::flags()
+{
+    Desk desk;
+    desk.view.setText("Ifs if_ IF if");
+    desk.type("txtFind", u"if"_s);
+    desk.check("chkMatchCase", true);
+    desk.press("cmkFind");
+    QCOMPARE(desk.selection(), Range(4, 6));
+    desk.check("chkWholeWord", true);
+    desk.press("cmkFind");
+    QCOMPARE(desk.selection(), Range(11, 13));
+    desk.check("chkMatchCase", false);
+    desk.questions.expect(endReached);
+    desk.press("cmkFind");
+    desk.press("cmkFind");
+    QCOMPARE(desk.selection(), Range(8, 10));
+}
+
+void tst_frmScintillaFind::replaces_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("find");
+    QTest::addColumn<QString>("replacement");
+    QTest::addColumn<QString>("result");
+    QTest::newRow("same length") << u"a.a.a"_s << u"a"_s << u"b"_s << u"b.b.b"_s;
+    QTest::newRow("shorter") << u"abcabc.abc"_s << u"abc"_s << u"x"_s << u"xx.x"_s;
+    QTest::newRow("holds the searched text") << u"a.a"_s << u"a"_s << u"aa"_s << u"aa.aa"_s;
+    QTest::newRow("neighbours join to a new match") << u"aab"_s << u"ab"_s << u"b"_s << u"ab"_s;
+    QTest::newRow("other scripts") << u"\U0001F642日 日\U0001F642"_s << u"日"_s << u"ждж"_s
+                                   << u"\U0001F642ждж ждж\U0001F642"_s;
+    QTest::newRow("line ends stay") << u"a\r\na\ra"_s << u"a"_s << u"bc"_s << u"bc\r\nbc\rbc"_s;
+    QTest::newRow("nothing to replace") << u"xyz"_s << u"a"_s << u"b"_s << u"xyz"_s;
+    QTest::newRow("empty text") << QString() << u"a"_s << u"b"_s << QString();
+}
+
+void tst_frmScintillaFind::replaces()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, find);
+    QFETCH(QString, replacement);
+    Desk desk;
+    desk.view.setText(text.toUtf8());
+    desk.type("txtFind", find);
+    desk.type("txtReplace", replacement);
+    desk.questions.expect(endReached);
+    for (int presses = 0; desk.questions.asked.isEmpty() && presses < 10; ++presses)
+        desk.press("cmdReplace");
+    QTEST(QString::fromUtf8(desk.view.text()), "result");
+}
+
+void tst_frmScintillaFind::textChangesBetween()
+{
+    Desk desk;
+    desk.view.setText("a long text with an end");
+    desk.type("txtFind", u"end"_s);
+    desk.press("cmkFind");
+    desk.view.setText("end"); // the last match is now far behind the end
+    desk.questions.expect(endReached);
+    desk.press("cmkFind");
+    desk.press("cmkFind");
+    QCOMPARE(desk.selection(), Range(0, 3));
+    desk.questions.expect(u"nresult: 0"_s);
+    desk.code.FindNext(u"end"_s, 0);
+    desk.questions.expect(u"nresult: -1"_s);
+    desk.code.FindNext(u"nowhere"_s, 0);
+}
+
+SNIPVALE_TEST(tst_frmScintillaFind)
+#include "tst_frmScintillaFind.moc"

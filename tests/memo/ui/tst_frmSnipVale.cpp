@@ -1,0 +1,323 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/EditorFixture.h"
+#include "support/Registry.h"
+
+#include "memo/cMemo.h"
+#include "memo/code/ScintillaMessages.h"
+#include "memo/code/ui/ScintillaView.h"
+#include "memo/ui/frmSnipVale.h"
+#include "ui/richtext/RichTextBox.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QSplitter>
+#include <QToolBar>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// One memo editor, opened as the explorer opens it.
+struct Editor : EditorFixture<frmSnipVale> {
+    explicit Editor(qint32 id = 0)
+    {
+        listener.category = 1;
+        open(id);
+    }
+    void open(qint32 id) final
+    {
+        filter.EditingModeMemoID = id;
+        show(std::make_unique<frmSnipVale>(MemoContext{archive, desktop, filter, memo, listener}, nullptr));
+    }
+    ScintillaView& code() { return get<ScintillaView>("codeEditor"); }
+    void choose(const QString& language)
+    {
+        auto& combo = get<QComboBox>("cboMemoType");
+        combo.setCurrentText(language);
+        emit combo.activated(combo.currentIndex());
+    }
+    QAction& button(const char* key)
+    {
+        return *get<QToolBar>("tbToolBarMemo").findChild<QAction*>(QString::fromLatin1(key));
+    }
+
+    cMemo memo{archive};
+};
+
+} // namespace
+
+class tst_frmSnipVale : public QObject {
+    Q_OBJECT
+private slots:
+    void newMemoIsInsertedOnceThenUpdated();
+    void everyScriptComesBackByteForByte();
+    void notesKeepTheirBytes();
+    void nameIsRequired();
+    void dirtyWindowAsks();
+    void linkButton();
+    void languageIsSwitchedLive();
+    void hiddenLanguage();
+    void codeBar();
+    void files();
+    void panes();
+    void failedSaveKeepsTheWindow();
+    void vanishedMemo();
+    void keyboardOrder();
+};
+
+void tst_frmSnipVale::newMemoIsInsertedOnceThenUpdated()
+{
+    Editor e;
+    QCOMPARE(e.window->windowTitle(), u"Memo"_s);
+    QVERIFY(!e.get<QPushButton>("cmdApply").isEnabled());
+    QVERIFY(e.button("WrapLine").isChecked());
+    e.get<QLineEdit>("txtMemoName").setText(u" a 'name' "_s);
+    QVERIFY(e.get<QPushButton>("cmdApply").isEnabled());
+    e.code().send(SCI_SETTEXT, 0, QByteArray("one"));
+    e.get<QPushButton>("cmdApply").click();
+    e.code().send(SCI_SETTEXT, 0, QByteArray("two"));
+    e.get<QPushButton>("cmdApply").click();
+    QCOMPARE(
+        e.value(
+            u"SELECT COUNT(memoID) AS n FROM tab_memo WHERE snipVale = 'two' AND memoName = ' a ''name'' ' AND categoryID = 1 AND memoTypeID = 0"_s),
+        u"1"_s);
+    QCOMPARE(e.value(u"SELECT COUNT(memoID) AS n FROM tab_memo"_s), u"1"_s);
+    QCOMPARE(e.filter.EditingModeMemoID, 1);
+    QCOMPARE(e.listener.saved, QStringList({u"1 M_ID"_s, u"1 M_ID"_s}));
+    e.get<QPushButton>("cmdClose").click(); // nothing unsaved: no question
+    QVERIFY(!e.window->isVisible());
+}
+
+void tst_frmSnipVale::everyScriptComesBackByteForByte()
+{
+    const QByteArray text = "Привет 世界 \U0001F600 é\r\nline\rline\n\ttab\n";
+    Editor e;
+    e.get<QLineEdit>("txtMemoName").setText(u"x"_s);
+    e.code().send(SCI_SETTEXT, 0, text);
+    e.get<QPushButton>("cmdOK").click();
+    QVERIFY(!e.window->isVisible());
+    e.open(1);
+    QVERIFY(e.loaded);
+    QCOMPARE(e.window->windowTitle(), u"Memo: x"_s);
+    QCOMPARE(e.code().text(), text);
+    QVERIFY(!e.window->isDirty());
+    QVERIFY(!e.get<QLabel>("lblDateIn").text().isEmpty());
+    e.code().setText(QByteArray());
+    e.get<QLineEdit>("txtMemoName").setText(u"y"_s);
+    e.get<QPushButton>("cmdOK").click();
+    QCOMPARE(e.value(u"SELECT snipVale FROM tab_memo"_s), QString());
+}
+
+void tst_frmSnipVale::notesKeepTheirBytes()
+{
+    Editor e;
+    const QString rtf = u"{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Arial;}}{\\*\\odd thing}\\b it's\\b0\\par}"_s;
+    e.memo.CategoryID = 1;
+    e.memo.MemoName = u"n"_s;
+    e.memo.MemoNotes = rtf;
+    QVERIFY(e.memo.Save());
+    e.open(e.memo.MemoID);
+    e.get<QLineEdit>("txtMemoName").setText(u"renamed"_s);
+    e.get<QPushButton>("cmdApply").click();
+    QCOMPARE(e.value(u"SELECT memoNotes FROM tab_memo"_s), rtf);
+    auto& notes = e.get<RichTextBox>("rtfMemoNotes");
+    QCOMPARE(notes.toPlainText().trimmed(), u"it's"_s);
+    notes.setPlainText(u"replaced"_s); // with the bar watching
+    notes.undo();
+    QTest::keyClicks(&notes, u"And "_s);
+    QVERIFY(e.window->isDirty());
+    e.get<QPushButton>("cmdApply").click();
+    QVERIFY(e.value(u"SELECT memoNotes FROM tab_memo"_s).contains(u"And"_s));
+}
+
+void tst_frmSnipVale::nameIsRequired()
+{
+    Editor e;
+    e.get<QLineEdit>("txtMemoName").setText(u"   "_s);
+    e.questions.expect(u"Please choose a name!"_s);
+    e.get<QPushButton>("cmdOK").click();
+    QCOMPARE(e.questions.asked.last().style, MessageStyle::Information);
+    QVERIFY(e.window->isVisible());
+    QVERIFY(e.window->isDirty());
+    QCOMPARE(e.memo.GetMemoCount(), 0);
+}
+
+void tst_frmSnipVale::dirtyWindowAsks()
+{
+    Editor e;
+    QTest::keyClicks(&e.code(), u"x"_s);
+    QVERIFY(e.window->isDirty());
+    e.questions.expect(u"Close without saving changes?"_s, Answer::No);
+    QTest::keyClick(e.window.get(), Qt::Key_Escape);
+    QVERIFY(e.window->isVisible());
+    QCOMPARE(e.questions.asked.last().style, MessageStyle::YesNoDefaultNo);
+    QCOMPARE(e.questions.asked.last().title, u"SnipVale"_s);
+    e.questions.expect(u"Close without saving changes?"_s, Answer::Yes);
+    e.window->close();
+    QVERIFY(!e.window->isVisible());
+    QCOMPARE(e.memo.GetMemoCount(), 0);
+}
+
+void tst_frmSnipVale::linkButton()
+{
+    Editor e;
+    auto& link = e.get<QLineEdit>("txtMemoLink");
+    auto& button = e.get<QToolButton>("cmdUrl");
+    QVERIFY(!button.isEnabled());
+    for (const QString& no : {u"HTTP://x"_s, u"ftp://x"_s, u" http://x"_s, u"file:///etc/passwd"_s}) {
+        link.setText(no);
+        QVERIFY2(!button.isEnabled(), qPrintable(no));
+    }
+    link.setText(u"https://example.org/?a=1&b='2'"_s);
+    QVERIFY(button.isEnabled());
+    button.click();
+    QCOMPARE(e.shell.opened, QStringList({u"https://example.org/?a=1&b='2'"_s}));
+}
+
+void tst_frmSnipVale::languageIsSwitchedLive()
+{
+    Editor e;
+    e.code().send(SCI_SETTEXT, 0, QByteArray("int x = 1; // words"));
+    e.choose(u"C / C++"_s);
+    QVERIFY(e.window->isDirty());
+    e.code().SendScintilla(QsciScintillaBase::SCI_COLOURISE, 0UL, long(-1));
+    const long asCpp = e.code().SendScintilla(QsciScintillaBase::SCI_GETSTYLEAT, 15UL);
+    e.choose(u"Plain text"_s);
+    e.code().SendScintilla(QsciScintillaBase::SCI_COLOURISE, 0UL, long(-1));
+    QVERIFY(e.code().SendScintilla(QsciScintillaBase::SCI_GETSTYLEAT, 15UL) != asCpp);
+    QCOMPARE(e.code().text(), QByteArray("int x = 1; // words"));
+    e.choose(u"Python"_s);
+    e.get<QLineEdit>("txtMemoName").setText(u"p"_s);
+    e.get<QPushButton>("cmdOK").click();
+    QCOMPARE(e.value(u"SELECT memoTypeID FROM tab_memo"_s), u"2"_s);
+}
+
+void tst_frmSnipVale::hiddenLanguage()
+{
+    Editor e;
+    e.memo.CategoryID = 1;
+    e.memo.MemoTypeID = 3;
+    e.memo.MemoName = u"n"_s;
+    e.memo.Save();
+    {
+        ArchiveUnit unit(e.archive);
+        unit.Execute(u"UPDATE tab_memoType SET visible = '0' WHERE memoTypeID = 3"_s);
+    }
+    e.open(e.memo.MemoID);
+    QCOMPARE(e.get<QComboBox>("cboMemoType").currentIndex(), -1);
+    QCOMPARE(e.get<QComboBox>("cboMemoType").findText(u"C / C++"_s), -1);
+    e.get<QLineEdit>("txtMemoName").setText(u"m"_s);
+    e.get<QPushButton>("cmdOK").click();
+    QCOMPARE(e.value(u"SELECT memoTypeID FROM tab_memo"_s), u"0"_s);
+}
+
+void tst_frmSnipVale::codeBar()
+{
+    Editor e;
+    QTest::keyClicks(&e.code(), u"abc"_s);
+    e.button("Clear").trigger();
+    QCOMPARE(e.code().text(), QByteArray());
+    e.button("Undo").trigger();
+    QCOMPARE(e.code().text(), QByteArray("abc"));
+    e.button("Redo").trigger();
+    QCOMPARE(e.code().text(), QByteArray());
+    e.button("WrapLine").trigger();
+    QCOMPARE(e.code().send(SCI_GETWRAPMODE), 0);
+    QVERIFY(!e.button("WrapLine").isChecked());
+    e.button("WrapLine").trigger();
+    QCOMPARE(e.code().send(SCI_GETWRAPMODE), 1);
+}
+
+void tst_frmSnipVale::files()
+{
+    Editor e;
+    QTemporaryDir folder;
+    const QString name = folder.filePath(u"x.txt"_s);
+    QFile file(name);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("caf\xE9\r\nb\r\n");
+    file.close();
+    e.files.answers = {name, folder.filePath(u"missing"_s), std::nullopt, folder.filePath(u"out.txt"_s)};
+    e.button("Open").trigger();
+    QCOMPARE(e.code().text(), QByteArray("café\nb"));
+    QVERIFY(e.window->isDirty());
+    e.questions.expect(QString());
+    e.button("Open").trigger(); // cannot be read: said, and the pane keeps its text
+    QVERIFY(e.questions.asked.last().text.startsWith("Error in OpenFile: "_L1));
+    e.button("Save").trigger(); // cancelled
+    e.button("Save").trigger();
+    QFile out(folder.filePath(u"out.txt"_s));
+    QVERIFY(out.open(QIODevice::ReadOnly));
+    QCOMPARE(out.readAll(), QByteArray("café\nb"));
+    QCOMPARE(e.files.asked.first(), u"Open|All Files (*.*) |*.*"_s);
+    QCOMPARE(e.files.asked.last(), u"Save Memo to File...|All Files (*.*) |*.*"_s);
+}
+
+void tst_frmSnipVale::panes()
+{
+    Editor e;
+    auto& splitter = e.get<QSplitter>("hSplitter");
+    const int header = e.get<QWidget>("picNote").height();
+    e.get<QToolButton>("imgCodePlus").click();
+    QCOMPARE(e.memo.MemoOpeningState, qint16(1));
+    QCOMPARE(splitter.sizes().last(), header);
+    e.get<QToolButton>("imgNotePlus").click();
+    QCOMPARE(e.memo.MemoOpeningState, qint16(2));
+    QCOMPARE(splitter.sizes().first(), header);
+    e.get<QLineEdit>("txtMemoName").setText(u"m"_s);
+    e.get<QPushButton>("cmdOK").click();
+    e.open(1);
+    QCOMPARE(e.get<QSplitter>("hSplitter").sizes().first(), header); // as it was left
+    e.get<QToolButton>("imgNoteEqual").click();
+    const QList<int> sizes = e.get<QSplitter>("hSplitter").sizes();
+    QVERIFY(std::abs(sizes.first() - sizes.last()) < 20);
+}
+
+void tst_frmSnipVale::failedSaveKeepsTheWindow()
+{
+    Editor e;
+    e.get<QLineEdit>("txtMemoName").setText(u"m"_s);
+    e.get<QPushButton>("cmdApply").click();
+    const QString path = e.archive.ArchivePath();
+    e.archive.setPath(e.scratch.path(u"gone.SVA"_s));
+    e.get<QLineEdit>("txtMemoName").setText(u"precious"_s);
+    e.questions.expect(QString());
+    e.get<QPushButton>("cmdOK").click();
+    QVERIFY(e.questions.asked.last().text.startsWith("Error in Update: "_L1));
+    QVERIFY(e.window->isVisible() && e.window->isDirty() && e.window->isEnabled());
+    e.archive.setPath(path); // mended: the same window saves
+    e.get<QPushButton>("cmdOK").click();
+    QCOMPARE(e.value(u"SELECT memoName FROM tab_memo"_s), u"precious"_s);
+}
+
+void tst_frmSnipVale::vanishedMemo()
+{
+    Editor e;
+    e.questions.expect(u"Error in Load: The memo is no longer in the archive."_s);
+    e.open(4711);
+    QVERIFY(!e.loaded);
+}
+
+void tst_frmSnipVale::keyboardOrder()
+{
+    Editor e;
+    QVERIFY(QTest::qWaitForWindowActive(e.window.get()));
+    QStringList order;
+    for (int i = 0; i < 20 && !order.contains(u"cmdClose"_s); ++i) {
+        order << QApplication::focusWidget()->objectName();
+        if (order.last() == "txtMemoLink"_L1)
+            QTest::keyClicks(QApplication::focusWidget(), u"https://x"_s); // enables the link button and Apply
+        const bool leaves = order.last() == "codeEditor"_L1 || order.last() == "rtfMemoNotes"_L1; // Tab types there
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, leaves ? Qt::ControlModifier : Qt::NoModifier);
+    }
+    order.removeAll(QString()); // the bar's button
+    QCOMPARE(order.join(u' '),
+             u"txtMemoName cboMemoType txtMemoDescription txtMemoLink cmdUrl imgCodePlus imgCodeMinus imgCodeEqual "
+             u"codeEditor "
+             "imgNotePlus imgNoteMinus imgNoteEqual cmbFontName cmbFontSize rtfMemoNotes cmdOK cmdApply cmdClose"_s);
+}
+
+SNIPVALE_TEST(tst_frmSnipVale)
+#include "tst_frmSnipVale.moc"

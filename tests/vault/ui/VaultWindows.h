@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "support/UiSupport.h"
+#include "vault/VaultFixture.h"
+
+#include "archive/cViewFilter.h"
+
+class VaultFrame : public FakeFrame {
+public:
+    void checkCommand(const QString& name, bool checked) override { checkedCommands[name] = checked; }
+    void showView(const QString& name) override { views.append(name); }
+    QHash<QString, bool> checkedCommands;
+    QStringList views;
+};
+
+// A shell that may have no program for any link, and a file dialog that something happens behind.
+class VaultShell : public ScriptedShell {
+public:
+    bool open(const QString& linkOrFile) override { return ScriptedShell::open(linkOrFile) && hasPrograms; }
+    bool hasPrograms = true;
+};
+class VaultFiles : public ScriptedFiles {
+public:
+    std::optional<QString> saveFile(const QString& title, const QString& filter, const QString& suffix) override
+    {
+        behind();
+        return ScriptedFiles::saveFile(title, filter, suffix);
+    }
+    std::function<void()> behind = [] {};
+};
+
+// An unlocked vault and what its windows need.
+struct VaultWindows : VaultOn<UiFixture> {
+    VaultFrame vaultFrame;
+    VaultShell vaultShell;
+    VaultFiles vaultFiles;
+    Desktop vaultDesktop{questions, vaultFiles, vaultShell, clock, desktop.sound, desktop.printing, clipboard};
+    cViewFilter filter;
+};
+
+template <typename Widget>
+Widget& part(const QObject& window, const char* name)
+{
+    auto* found = window.findChild<Widget*>(QString::fromLatin1(name));
+    if (!found)
+        qFatal("there is no %s", name);
+    return *found;
+}

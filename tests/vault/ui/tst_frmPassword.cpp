@@ -1,0 +1,165 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Registry.h"
+#include "vault/ui/VaultWindows.h"
+
+#include "vault/ui/frmPassword.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+namespace {
+
+// One account editor, opened as the list opens it.
+struct Editor : VaultWindows {
+    explicit Editor(qint32 id = 0)
+    {
+        addCategory(u"Bank"_s);
+        open(id);
+    }
+    void open(qint32 id)
+    {
+        filter.EditingModePasswordID = id;
+        window = std::make_unique<frmPassword>(PasswordContext{archive, vaultDesktop, filter, password, 1}, nullptr);
+        loaded = window->Form_Load();
+        window->show();
+    }
+    QLineEdit& box(const char* name) { return part<QLineEdit>(*window, name); }
+    QPlainTextEdit& texts(const char* name) { return part<QPlainTextEdit>(*window, name); }
+    void click(const char* name) { QTest::mouseClick(&part<QPushButton>(*window, name), Qt::LeftButton); }
+
+    std::unique_ptr<frmPassword> window;
+    bool loaded = false;
+};
+
+} // namespace
+
+class tst_frmPassword : public QObject {
+    Q_OBJECT
+private slots:
+    void newAccountIsValidatedAndSaved();
+    void whatWasNotEditedStays();
+    void showingAndVisiting();
+    void dirtyWindowAsks();
+    void failuresKeepTheWindow();
+};
+
+void tst_frmPassword::newAccountIsValidatedAndSaved()
+{
+    Editor e;
+    QVERIFY(e.loaded && !e.window->isDirty() && !part<QLabel>(*e.window, "lblDateIn").isVisible());
+    auto& category = part<QComboBox>(*e.window, "cboCategory");
+    QCOMPARE(category.itemText(0), u"Not specified"_s);
+    QCOMPARE(category.currentText(), u"Bank"_s); // the list's
+    const auto refused = [&](const QString& message, const char* field) {
+        e.questions.expect(message);
+        e.click("cmdOK");
+        QVERIFY(e.window->isVisible());
+        QCOMPARE(e.window->focusWidget()->objectName(), QLatin1String(field));
+    };
+    e.box("txtTitle").setText(u" "_s);
+    refused(u"Please choose a title!"_s, "txtTitle");
+    e.box("txtTitle").setText(u"t"_s);
+    refused(u"Please choose a UserName!"_s, "txtUserName");
+    e.box("txtUserName").setText(u"O'Brien"_s);
+    refused(u"Please choose a password!"_s, "txtPassword");
+    e.box("txtPassword").setText(u"   "_s);
+    category.setCurrentIndex(0);
+    e.texts("txtNotes").setPlainText(u"a\u00A0b\nc"_s);
+    QTest::keyClick(&e.box("txtPassword"), Qt::Key_Return); // OK is the default button
+    QVERIFY(!e.window->isVisible());
+    QCOMPARE(e.filter.EditingModePasswordID, 1);
+    QCOMPARE(e.vault.DecryptEntry(e.column("userName")), u"O'Brien"_s);
+    QCOMPARE(e.vault.DecryptEntry(e.column("password")), u"   "_s);
+    QCOMPARE(e.column("notes"), u"a\u00A0b\nc"_s);
+    QCOMPARE(e.column("passwordCategoryID"), u"0"_s);
+}
+
+void tst_frmPassword::whatWasNotEditedStays()
+{
+    Editor e;
+    const QString odd = u"one\r\ntwo\u00A0\tthree\x01"_s;
+    e.add(odd, odd, odd);
+    e.execute(u"UPDATE tab_password SET tab_password.notes = '%1', tab_password.dateIn = Null"_s.arg(odd));
+    const QString stored = e.column("password");
+    e.open(1);
+    QCOMPARE(part<QLabel>(*e.window, "lblDateLastMod").text(),
+             u"Last Mod.: "_s + QLocale().toString(e.clock.moment, QLocale::ShortFormat));
+    e.texts("txtDescription").setPlainText(u"changed"_s);
+    e.click("cmdOK");
+    QCOMPARE(e.column("description"), u"changed"_s);
+    QCOMPARE(e.column("title"), odd);
+    QCOMPARE(e.column("notes"), odd);
+    QCOMPARE(e.column("password"), stored);
+    QCOMPARE(e.vault.DecryptEntry(e.column("userName")), odd);
+    e.open(0); // nothing of that account stays
+    QCOMPARE(e.box("txtTitle").text() + e.box("txtPassword").text() + e.texts("txtNotes").toPlainText(), QString());
+}
+
+void tst_frmPassword::showingAndVisiting()
+{
+    Editor e;
+    e.box("txtPassword").setText(u"secret"_s);
+    QCOMPARE(e.box("txtPassword").displayText(), u"******"_s);
+    e.click("cmdShowPwd");
+    QCOMPARE(e.box("txtPassword").displayText(), u"secret"_s);
+    e.click("cmdGenerate");
+    const QString made = e.box("txtPassword").text();
+    QVERIFY(made.size() == 20 && made.contains(QRegularExpression(u"[0-9]"_s)));
+    e.click("cmdGenerate");
+    QVERIFY(e.box("txtPassword").text() != made);
+    e.box("txtPassword").undo();
+    QCOMPARE(e.box("txtPassword").text(), made);
+    e.box("txtURL").setText(u"https://x/#世界"_s);
+    e.click("cmdVisitURL");
+    QCOMPARE(e.vaultShell.opened, QStringList({u"https://x/#世界"_s}));
+    e.vaultShell.hasPrograms = false;
+    e.questions.expect(u"Error in VisitURL: No program is set up to open this link."_s);
+    e.click("cmdVisitURL");
+}
+
+void tst_frmPassword::dirtyWindowAsks()
+{
+    Editor e;
+    e.click("cmdClose"); // nothing unsaved: no question
+    for (const char* field : {"txtTitle", "txtDescription", "txtUserName", "txtPassword", "txtURL", "txtNotes"}) {
+        e.open(0);
+        QTest::keyClicks(&part<QWidget>(*e.window, field), u"x"_s);
+        e.questions.expect(u"Close without saving changes?"_s, Answer::No);
+        QTest::keyClick(e.window.get(), Qt::Key_Escape);
+        QVERIFY2(e.window->isVisible(), field);
+    }
+    e.questions.expect(u"Close without saving changes?"_s, Answer::Yes);
+    e.click("cmdClose");
+    QVERIFY(!e.window->isVisible());
+}
+
+void tst_frmPassword::failuresKeepTheWindow()
+{
+    Editor e;
+    e.questions.expect(u"Error in Load: The account is no longer in the archive."_s);
+    e.open(4711);
+    QVERIFY(!e.loaded);
+    e.add(u"t"_s, u"u"_s, u"p"_s);
+    e.open(1);
+    e.execute(u"DELETE * FROM tab_password"_s);
+    e.box("txtTitle").setText(u"late"_s);
+    e.questions.expect(u"Error in Update: The account is no longer in the archive."_s);
+    e.click("cmdOK");
+    QVERIFY(e.window->isVisible() && e.window->isDirty());
+    e.open(0);
+    for (const char* field : {"txtTitle", "txtUserName"})
+        e.box(field).setText(u"x"_s);
+    e.box("txtPassword").setText(u"p"_s.repeated(1400)); // enciphered wider than its column
+    e.questions.expect(QString());
+    e.click("cmdOK");
+    QVERIFY(e.questions.asked.last().text.startsWith(u"Error in Save: "_s));
+    QCOMPARE(e.box("txtPassword").text().size(), 1400);
+    QVERIFY(e.window->isVisible() && e.filter.EditingModePasswordID == 0);
+}
+
+SNIPVALE_TEST(tst_frmPassword)
+#include "tst_frmPassword.moc"
