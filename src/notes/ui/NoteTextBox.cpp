@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "notes/ui/NoteTextBox.h"
 
+#include "ui/widgets/RawText.h"
+
 #include <QMimeData>
 
 namespace {
@@ -28,11 +30,9 @@ void NoteTextBox::showText(const QString& text)
     setPlainText(text);
 }
 
-// toPlainText() would turn no-break spaces into plain ones.
 QString NoteTextBox::text() const
 {
-    QString text = document()->toRawText();
-    return text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
+    return rawText(*this);
 }
 
 void NoteTextBox::insertFromMimeData(const QMimeData* source)

@@ -10,10 +10,10 @@
 #include "desktop/Questions.h"
 #include "desktop/SecretMemory.h"
 #include "ui/widgets/Icons.h"
+#include "ui/widgets/RawText.h"
 #include "ui_frmPassword.h"
 #include "vault/PasswordCategories.h"
 #include "vault/PasswordGenerator.h"
-#include "vault/RawText.h"
 #include "vault/cPassword.h"
 
 #include <QLocale>

@@ -7,9 +7,9 @@
 #include "archive/SqlText.h"
 #include "desktop/Questions.h"
 #include "ui/widgets/Icons.h"
+#include "ui/widgets/RawText.h"
 #include "ui_frmPasswordCategory.h"
 #include "vault/PasswordCategories.h"
-#include "vault/RawText.h"
 #include "vault/ui/PasswordListModel.h"
 
 #include <QKeyEvent>

@@ -13,6 +13,7 @@
 #include "memo/languages/StyleRows.h"
 #include "memo/languages/ui/StyleColors.h"
 #include "memo/languages/ui/frmOptionsLanguageDetails.h"
+#include "ui/widgets/RawText.h"
 #include "ui_frmOptionsLanguage.h"
 
 #include <QHeaderView>
@@ -191,14 +192,10 @@ bool frmOptionsLanguage::isDirty() const
     return m_ui->txtKeywords->document()->isModified();
 }
 
-// The text as it stands in the box: toPlainText() would turn no-break spaces into plain ones. One that was not edited
-// keeps its line ends.
+// Those that were not edited keep their line ends.
 QString frmOptionsLanguage::keywords() const
 {
-    if (!isDirty())
-        return m_storedKeywords;
-    QString text = m_ui->txtKeywords->document()->toRawText();
-    return text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
+    return isDirty() ? rawText(*m_ui->txtKeywords) : m_storedKeywords;
 }
 
 void frmOptionsLanguage::cmdOK_Click()
