@@ -2,22 +2,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "archive/Element.h"
+
 #include <QString>
 #include <QStringList>
-
-// What a category is filed as: the code in tab_category.type.
-enum class CategoryKind : qint16 { Memo = 0, Bookmark = 1, ToDo = 2 };
-
-// Null and unknown numbers show as memo categories.
-inline CategoryKind categoryKind(qint64 type)
-{
-    return type == 1 ? CategoryKind::Bookmark : type == 2 ? CategoryKind::ToDo : CategoryKind::Memo;
-}
 
 // The node of a category in the tree.
 struct CategoryNode {
     qint32 id = 0; // 0 for the root
-    CategoryKind kind = CategoryKind::Memo;
+    ElementKind kind = ElementKind::Memo;
     QString text;
 
     QString key() const { return QString::number(id) + QStringLiteral(" ID"); }

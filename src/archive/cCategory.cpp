@@ -9,25 +9,9 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QString word(CategoryKind kind)
-{
-    switch (kind) {
-    case CategoryKind::Bookmark:
-        return u"bookmark"_s;
-    case CategoryKind::ToDo:
-        return u"todo"_s;
-    default:
-        return u"category"_s;
-    }
-}
-
-} // namespace
-
 QString CategoryNode::tag() const
 {
-    return id == 0 ? u"root"_s : word(kind);
+    return id == 0 ? u"root"_s : wordsOf(kind).categoryTag;
 }
 
 QString CategoryNode::image() const

@@ -16,7 +16,7 @@ public:
 
     qint16 EditingMode = 0; // -1: an existing category, 0: a new one; never stored
     qint32 CategoryParentID = 0;
-    qint16 CategoryType = 0; // a CategoryKind
+    qint16 CategoryType = 0; // an ElementKind
     QString CategoryName;
     QString CategoryIDsPath; // filled by TraverseTree; never stored
     QString CategoryDescription;

@@ -24,7 +24,7 @@ std::vector<CategoryRow> readChildren(ArchiveUnit& unit, qint32 parent)
     const int type = set.index(u"type"_s);
     const int name = set.index(u"name"_s);
     for (; !set.eof(); set.moveNext())
-        rows.push_back({{qint32(set.integer(id)), categoryKind(set.integer(type)), set.text(name)}, parent});
+        rows.push_back({{qint32(set.integer(id)), elementKind(set.integer(type)), set.text(name)}, parent});
     return rows;
 }
 

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "archive/Element.h"
+
 #include <QString>
 #include <functional>
 #include <vector>
 
 class Archive;
-
-enum class ElementKind { Memo, Bookmark, ToDo };
 
 // Which columns of a memo are searched; of bookmarks and to-dos it is always the same ones.
 struct SearchFields {

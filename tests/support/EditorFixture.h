@@ -4,7 +4,7 @@
 
 #include "support/UiSupport.h"
 
-#include "archive/ElementListener.h"
+#include "archive/Element.h"
 #include "archive/cViewFilter.h"
 
 #include <QLineEdit>
@@ -14,7 +14,7 @@
 class FakeListener : public ElementListener {
 public:
     qint32 selectedCategory() const override { return category; }
-    void elementSaved(const QString& itemKey) override { saved.append(itemKey); }
+    void elementSaved(const ElementKey& key) override { saved.append(key.text()); }
     qint32 category = 0;
     QStringList saved;
 };

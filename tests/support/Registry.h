@@ -18,5 +18,5 @@ inline TestRegistry& testRegistry()
 
 // Makes a class one of its program's: the program runs those named by its first argument, or all.
 #define SNIPVALE_TEST(Class)                                                                                           \
-    [[maybe_unused]] static const bool registered##Class =                                                            \
+    [[maybe_unused]] static const bool registered##Class =                                                             \
         testRegistry().emplace(#Class, [] { return std::make_unique<Class>(); }).second;

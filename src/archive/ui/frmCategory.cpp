@@ -62,7 +62,7 @@ void frmCategory::loadExisting()
     m_ui->txtName->setText(m_category.CategoryName);
     m_ui->txtDescription->setPlainText(m_category.CategoryDescription);
     static const std::array kindNames = {u" - Memo"_s, u" - Bookmark"_s, u" - ToDo"_s};
-    const int kind = int(categoryKind(m_category.CategoryType));
+    const int kind = int(elementKind(m_category.CategoryType));
     setWindowTitle(windowTitle() + kindNames[size_t(kind)]);
     showPicture(kind);
 }
@@ -99,7 +99,7 @@ void frmCategory::cmdOK_Click()
     trapErrors(m_questions, u"cmdOK"_s, [&] {
         if (!(m_category.EditingMode ? m_category.Update() : m_category.Save()))
             return; // the message was shown; what was typed stays
-        const CategoryNode node{m_category.CategoryID, categoryKind(m_category.CategoryType), m_category.CategoryName};
+        const CategoryNode node{m_category.CategoryID, elementKind(m_category.CategoryType), m_category.CategoryName};
         if (m_category.EditingMode)
             m_tree.renameNode(node.key(), node.text);
         else

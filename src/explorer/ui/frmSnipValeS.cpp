@@ -242,13 +242,10 @@ void frmSnipValeS::showToDo(const QString& categoryKey, const QString& toDoKey)
     m_toDos->selectKey(toDoKey);
 }
 
-ElementPane& frmSnipValeS::paneOf(const QString& itemKey) const
+ElementPane& frmSnipValeS::paneOf(ElementKind kind) const
 {
-    if (itemKey.endsWith(" B_ID"_L1))
-        return *m_bookmarks;
-    if (itemKey.endsWith(" T_ID"_L1))
-        return *m_toDos;
-    return *m_memos;
+    ElementPane* const panes[] = {m_memos, m_bookmarks, m_toDos};
+    return *panes[size_t(kind)];
 }
 
 bool frmSnipValeS::SelectElementInTreeView()
@@ -259,10 +256,8 @@ bool frmSnipValeS::SelectElementInTreeView()
                if (!node.isValid())
                    throw std::runtime_error("The category is no longer in the tree.");
                showCategory(node);
-               constexpr const char16_t* sections[] = {u"Memo", u"Bookmark", u"ToDo"};
-               ShowSection(QStringView(sections[size_t(hit->kind)]).toString());
-               const QString key = QString::number(hit->id) + hit->keySuffix();
-               paneOf(key).selectKey(key);
+               ShowSection(wordsOf(hit->kind).name);
+               paneOf(hit->kind).selectKey(ElementKey{hit->kind, hit->id}.text());
            });
 }
 
@@ -272,7 +267,7 @@ void frmSnipValeS::OpenSearchElement()
     if (!hit)
         m_context.archive.questions().ask(u"Error: Nothing is selected"_s, MessageStyle::Critical);
     else if (SelectElementInTreeView())
-        paneOf(hit->keySuffix()).openElement(hit->id);
+        paneOf(hit->kind).openElement(hit->id);
 }
 
 void frmSnipValeS::NewCategory()
@@ -362,8 +357,8 @@ qint32 frmSnipValeS::selectedCategory() const
     return leadingNumber(selectedKey());
 }
 
-void frmSnipValeS::elementSaved(const QString& itemKey)
+void frmSnipValeS::elementSaved(const ElementKey& key)
 {
     clickSelectedNode();
-    paneOf(itemKey).selectKey(itemKey);
+    paneOf(key.kind).selectKey(key.text());
 }

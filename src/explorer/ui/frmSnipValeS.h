@@ -3,7 +3,7 @@
 #pragma once
 
 #include "archive/CategoryTree.h"
-#include "archive/ElementListener.h"
+#include "archive/Element.h"
 #include "explorer/ui/ElementListView.h"
 #include "explorer/ui/ExplorerContext.h"
 
@@ -56,7 +56,7 @@ public:
     void clickSelectedNode() override;
     // ElementListener
     qint32 selectedCategory() const override;
-    void elementSaved(const QString& itemKey) override;
+    void elementSaved(const ElementKey& key) override;
 
 private:
     void wireTree();
@@ -67,7 +67,7 @@ private:
     void editCategory();
     void makePanes();
     void showCategory(const QModelIndex& node);
-    ElementPane& paneOf(const QString& itemKey) const; // by the end of the key
+    ElementPane& paneOf(ElementKind kind) const;
 
     std::unique_ptr<Ui::frmSnipValeS> m_ui;
     ExplorerContext m_context;

@@ -3,7 +3,7 @@
 #include "memo/ui/frmBookmark.h"
 
 #include "archive/Archive.h"
-#include "archive/ElementListener.h"
+#include "archive/Element.h"
 #include "archive/ElementQuestions.h"
 #include "archive/ErrorTrap.h"
 #include "archive/cViewFilter.h"
@@ -153,7 +153,7 @@ bool frmBookmark::save()
     }
     m_isDirty = false;
     m_ui->cmdApply->setEnabled(false);
-    m_context.listener.elementSaved(QString::number(bookmark.BookmarkID) + u" B_ID"_s);
+    m_context.listener.elementSaved({ElementKind::Bookmark, bookmark.BookmarkID});
     return true;
 }
 

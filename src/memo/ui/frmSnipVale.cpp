@@ -3,7 +3,7 @@
 #include "memo/ui/frmSnipVale.h"
 
 #include "archive/Archive.h"
-#include "archive/ElementListener.h"
+#include "archive/Element.h"
 #include "archive/ElementQuestions.h"
 #include "archive/ErrorTrap.h"
 #include "archive/cViewFilter.h"
@@ -210,7 +210,7 @@ bool frmSnipVale::save()
             return false;
         m_context.viewFilter.EditingModeMemoID = memo.MemoID;
     }
-    m_context.listener.elementSaved(QString::number(memo.MemoID) + u" M_ID"_s);
+    m_context.listener.elementSaved({ElementKind::Memo, memo.MemoID});
     m_isDirty = false;
     m_ui->cmdApply->setEnabled(false);
     return true;

@@ -3,7 +3,7 @@
 #include "tasks/ui/frmToDo.h"
 
 #include "archive/Archive.h"
-#include "archive/ElementListener.h"
+#include "archive/Element.h"
 #include "archive/ElementQuestions.h"
 #include "archive/ErrorTrap.h"
 #include "archive/cViewFilter.h"
@@ -299,7 +299,7 @@ bool frmToDo::save()
         m_isDirty = false;
     });
     if (saved)
-        m_context.listener.elementSaved(QString::number(m_todo.ToDoID) + u" T_ID"_s);
+        m_context.listener.elementSaved({ElementKind::ToDo, m_todo.ToDoID});
     return saved;
 }
 

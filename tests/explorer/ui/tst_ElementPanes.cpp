@@ -395,14 +395,13 @@ void tst_ElementPanes::savedElementsAreSelected()
     e.addMemo(u"m"_s);
     e.addBookmark(u"b"_s);
     e.addToDo(u"t"_s);
-    const std::pair<QString, const char*> rows[] = {
-        {u"M_ID"_s, "lvwMemo"}, {u"B_ID"_s, "lvwBookmark"}, {u"T_ID"_s, "lvwToDo"}};
-    int category = 0;
-    for (const auto& [suffix, list] : rows) {
-        e.click(QString::number(++category) + u" ID"_s);
-        e.window.elementSaved(u"1 "_s + suffix);
-        QCOMPARE(e.list(list).selectedKeys(), QStringList({u"1 "_s + suffix}));
-        QVERIFY(e.list(list).currentIndex().isValid());
+    for (const ElementKind kind : elementKinds) {
+        const ElementKey key{kind, 1};
+        e.click(QString::number(int(kind) + 1) + u" ID"_s);
+        e.window.elementSaved(key);
+        ElementListView& list = e.list(("lvw" + wordsOf(kind).name.toLatin1()).constData());
+        QCOMPARE(list.selectedKeys(), QStringList({key.text()}));
+        QVERIFY(list.currentIndex().isValid());
     }
 }
 

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-CategoryRow row(qint32 id, qint32 parent, const QString& text, CategoryKind kind = CategoryKind::Memo)
+CategoryRow row(qint32 id, qint32 parent, const QString& text, ElementKind kind = ElementKind::Memo)
 {
     return {{id, kind, text}, parent};
 }
@@ -51,8 +51,8 @@ void tst_ExplorerModels::tree()
     QCOMPARE(model.rowCount(), 1);
     QCOMPARE(model.rootIndex().data().toString(), u"Code Root"_s);
     const std::vector<CategoryRow> rows = {row(1, 0, u"b"_s), row(5, 1, u"zz"_s), row(6, 1, u"Äa"_s),
-                                           row(2, 0, u"A"_s, CategoryKind::Bookmark),
-                                           row(3, 0, u"c"_s, CategoryKind::ToDo)};
+                                           row(2, 0, u"A"_s, ElementKind::Bookmark),
+                                           row(3, 0, u"c"_s, ElementKind::ToDo)};
     model.setRows(rows);
     QCOMPARE(textsBelow(model, model.rootIndex()), QStringList({u"A"_s, u"b"_s, u"c"_s}));
     const QModelIndex b = model.indexOf(u"1 ID"_s);
@@ -75,11 +75,11 @@ void tst_ExplorerModels::treeEdits()
     const std::vector<CategoryRow> rows = {row(1, 0, u"b"_s), row(2, 0, u"d"_s)};
     model.setRows(rows);
     const QPersistentModelIndex d = model.indexOf(u"2 ID"_s);
-    const QModelIndex added = model.add(u"0 ID"_s, {7, CategoryKind::Memo, u"C"_s});
+    const QModelIndex added = model.add(u"0 ID"_s, {7, ElementKind::Memo, u"C"_s});
     QCOMPARE(added.row(), 1);
     QCOMPARE(d.row(), 2);
-    QVERIFY(!model.add(u"0 ID"_s, {7, CategoryKind::Memo, u"again"_s}).isValid());
-    QVERIFY(!model.add(u"99 ID"_s, {8, CategoryKind::Memo, u"orphan"_s}).isValid());
+    QVERIFY(!model.add(u"0 ID"_s, {7, ElementKind::Memo, u"again"_s}).isValid());
+    QVERIFY(!model.add(u"99 ID"_s, {8, ElementKind::Memo, u"orphan"_s}).isValid());
     model.rename(u"2 ID"_s, u"a'"_s);
     QCOMPARE(d.row(), 0); // sorted again, and views follow the node
     QCOMPARE(d.data().toString(), u"a'"_s);

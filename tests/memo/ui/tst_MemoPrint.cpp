@@ -3,7 +3,7 @@
 #include "support/Registry.h"
 #include "support/UiSupport.h"
 
-#include "archive/ElementListener.h"
+#include "archive/Element.h"
 #include "archive/cViewFilter.h"
 #include "memo/cMemo.h"
 #include "memo/code/ui/ScintillaView.h"
@@ -258,7 +258,7 @@ namespace {
 class Listener : public ElementListener {
 public:
     qint32 selectedCategory() const override { return 1; }
-    void elementSaved(const QString&) override { }
+    void elementSaved(const ElementKey&) override { }
 };
 
 } // namespace
