@@ -28,6 +28,63 @@ QString FormatDateSQL(const QDateTime& value)
         .arg(t.second());
 }
 
+QString sqlDate(const QDate& date)
+{
+    return date.isValid() ? u"%1-%2-%3"_s.arg(date.year()).arg(date.month()).arg(date.day()) : QString();
+}
+
+QString sqlTime(const QTime& time)
+{
+    return time.isValid() ? u"%1:%2:%3"_s.arg(time.hour()).arg(time.minute()).arg(time.second()) : QString();
+}
+
+QString sqlDateTime(const jet::LocalMoment& moment)
+{
+    return moment.isValid() ? sqlDate(moment.date) + u' ' + sqlTime(moment.time) : QString();
+}
+
+UpdateText::UpdateText(const QString& table, const QString& gap) : m_text(u"UPDATE "_s + table + u" SET "_s), m_gap(gap)
+{
+}
+
+UpdateText& UpdateText::set(const QString& column, const QString& text)
+{
+    return put(column, u'\'' + quoted(text) + u'\'');
+}
+
+UpdateText& UpdateText::set(const QString& column, qint64 number)
+{
+    return put(column, QString::number(number));
+}
+
+UpdateText& UpdateText::setFlag(const QString& column, bool on)
+{
+    set(column, qint64(on));
+    m_nextGap += u' ';
+    return *this;
+}
+
+UpdateText& UpdateText::setDate(const QString& column, const QString& date)
+{
+    if (!date.isEmpty())
+        return set(column, date);
+    put(column, u"Null"_s);
+    m_nextGap += u' ';
+    return *this;
+}
+
+UpdateText& UpdateText::put(const QString& column, const QString& value)
+{
+    m_text += m_nextGap + column + u" = "_s + value;
+    m_nextGap = m_gap;
+    return *this;
+}
+
+QString UpdateText::where(const QString& key, qint64 id, const QString& end) const
+{
+    return m_text + end + u"WHERE ("_s + key + u" = "_s + QString::number(id) + u" ) "_s;
+}
+
 QString idList(const std::vector<qint32>& ids)
 {
     QString list;

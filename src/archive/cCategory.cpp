@@ -57,11 +57,11 @@ bool cCategory::Update()
 {
     return trapErrors(m_archive.questions(), u"Update"_s, [&] {
         ArchiveUnit unit(m_archive);
-        unit.Execute(u"UPDATE tab_category SET "_s + //
-                     u"tab_category.type = "_s + QString::number(CategoryType) + u"  , "_s + //
-                     u"tab_category.name = '"_s + quoted(CategoryName) + u"'  , "_s + //
-                     u"tab_category.description = '"_s + quoted(CategoryDescription) + u"'  "_s + //
-                     u"WHERE (tab_category.categoryID = "_s + QString::number(CategoryID) + u" ) "_s);
+        unit.Execute(UpdateText(u"tab_category"_s, u"  , "_s)
+                         .set(u"tab_category.type"_s, CategoryType)
+                         .set(u"tab_category.name"_s, CategoryName)
+                         .set(u"tab_category.description"_s, CategoryDescription)
+                         .where(u"tab_category.categoryID"_s, CategoryID, u"  "_s));
     });
 }
 
@@ -69,7 +69,7 @@ bool cCategory::Delete(const QString& idsPath)
 {
     return trapErrors(m_archive.questions(), u"Delete"_s, [&] {
         ArchiveUnit unit(m_archive);
-        unit.Execute(u"DELETE * FROM tab_category "_s + u"WHERE tab_category.categoryID IN ("_s + idsPath + u") "_s);
+        unit.Execute(u"DELETE * FROM tab_category WHERE tab_category.categoryID IN ("_s + idsPath + u") "_s);
     });
 }
 

@@ -15,8 +15,8 @@ bool cBookmark::Load()
 {
     return keepError(m_lastError, [&] {
         ArchiveUnit unit(m_archive);
-        const jet::Recordset row = unit.Open(u" SELECT * FROM tab_bookmark "_s + u" WHERE bookmarkID = "_s +
-                                             QString::number(BookmarkID) + u" "_s);
+        const jet::Recordset row =
+            unit.Open(u" SELECT * FROM tab_bookmark  WHERE bookmarkID = "_s + QString::number(BookmarkID) + u" "_s);
         if (row.eof())
             return;
         const auto date = [&](const QString& column, QDateTime& field) {
@@ -54,15 +54,14 @@ bool cBookmark::Update()
     return keepError(m_lastError, [&] {
         ArchiveUnit unit(m_archive);
         // The date is written in the one form that the archive's engine reads the same under every locale.
-        const int rows =
-            unit.Execute(u"UPDATE tab_bookmark SET "_s + //
-                         u"tab_bookmark.categoryID = "_s + QString::number(CategoryID) + u" , "_s + //
-                         u"tab_bookmark.name = '"_s + quoted(BookmarkName) + u"' , "_s + //
-                         u"tab_bookmark.keywords = '"_s + quoted(BookmarkKeywords) + u"' , "_s + //
-                         u"tab_bookmark.description = '"_s + quoted(BookmarkDescription) + u"' , "_s + //
-                         u"tab_bookmark.url = '"_s + quoted(BookmarkLink) + u"' , "_s + //
-                         u"tab_bookmark.dateLastMod = '"_s + FormatDateSQL(m_archive.clock().now()) + u"'  "_s + //
-                         u"WHERE (tab_bookmark.bookmarkID = "_s + QString::number(BookmarkID) + u" ) "_s);
+        const int rows = unit.Execute(UpdateText(u"tab_bookmark"_s)
+                                          .set(u"tab_bookmark.categoryID"_s, CategoryID)
+                                          .set(u"tab_bookmark.name"_s, BookmarkName)
+                                          .set(u"tab_bookmark.keywords"_s, BookmarkKeywords)
+                                          .set(u"tab_bookmark.description"_s, BookmarkDescription)
+                                          .set(u"tab_bookmark.url"_s, BookmarkLink)
+                                          .set(u"tab_bookmark.dateLastMod"_s, FormatDateSQL(m_archive.clock().now()))
+                                          .where(u"tab_bookmark.bookmarkID"_s, BookmarkID, u"  "_s));
         if (rows == 0) // another program deleted it: what is in the fields must not count as saved
             throw std::runtime_error("The bookmark is no longer in the archive.");
     });

@@ -60,18 +60,17 @@ bool cMemo::Update()
     return keepError(m_lastError, [&] {
         ArchiveUnit unit(m_archive);
         // The date is written in the one form that the archive's engine reads the same under every locale.
-        const int rows =
-            unit.Execute(u"UPDATE tab_memo SET "_s + //
-                         u"tab_memo.categoryID = "_s + QString::number(CategoryID) + u" , "_s +
-                         u"tab_memo.memoTypeID = "_s + QString::number(MemoTypeID) + u" , "_s + //
-                         u"tab_memo.memoName = '"_s + quoted(MemoName) + u"' , "_s + u"tab_memo.memoDescription = '"_s +
-                         quoted(MemoDescription) + u"' , "_s + //
-                         u"tab_memo.memoLink = '"_s + quoted(MemoLink) + u"' , "_s + //
-                         u"tab_memo.snipVale = '"_s + quoted(SnipVale) + u"' , "_s + //
-                         u"tab_memo.memoNotes = '"_s + quoted(MemoNotes) + u"' , "_s + //
-                         u"tab_memo.dateLastMod = '"_s + FormatDateSQL(m_archive.clock().now()) + u"' , "_s +
-                         u"tab_memo.openingState = "_s + QString::number(MemoOpeningState) + u" "_s + //
-                         u"WHERE (tab_memo.memoID = "_s + QString::number(MemoID) + u" ) "_s);
+        const int rows = unit.Execute(UpdateText(u"tab_memo"_s)
+                                          .set(u"tab_memo.categoryID"_s, CategoryID)
+                                          .set(u"tab_memo.memoTypeID"_s, MemoTypeID)
+                                          .set(u"tab_memo.memoName"_s, MemoName)
+                                          .set(u"tab_memo.memoDescription"_s, MemoDescription)
+                                          .set(u"tab_memo.memoLink"_s, MemoLink)
+                                          .set(u"tab_memo.snipVale"_s, SnipVale)
+                                          .set(u"tab_memo.memoNotes"_s, MemoNotes)
+                                          .set(u"tab_memo.dateLastMod"_s, FormatDateSQL(m_archive.clock().now()))
+                                          .set(u"tab_memo.openingState"_s, MemoOpeningState)
+                                          .where(u"tab_memo.memoID"_s, MemoID));
         if (rows == 0) // another program deleted it: what is in the fields must not count as saved
             throw std::runtime_error("The memo is no longer in the archive.");
     });

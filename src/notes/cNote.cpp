@@ -26,8 +26,7 @@ bool cNote::Load(qint32 id)
 {
     return run(u"Load"_s, [&] {
         ArchiveUnit unit(m_archive);
-        const jet::Recordset row =
-            unit.Open(u" SELECT * FROM tab_note "_s + u"WHERE noteID = "_s + QString::number(id));
+        const jet::Recordset row = unit.Open(u" SELECT * FROM tab_note WHERE noteID = "_s + QString::number(id));
         if (row.eof())
             throw std::runtime_error("The note is no longer in the archive.");
         Content = row.text(u"content"_s);
@@ -55,13 +54,11 @@ bool cNote::Update()
 {
     return run(u"Update"_s, [&] {
         ArchiveUnit unit(m_archive);
-        const QString date = NoteDate.isValid() ? u"tab_note.noteDate = '"_s + FormatDateSQL(NoteDate) + u"' "_s
-                                                : u"tab_note.noteDate = Null "_s;
-        const int rows = unit.Execute(u"UPDATE tab_note SET "_s + //
-                                      u"tab_note.content = '"_s + quoted(Content) + u"' , "_s + //
-                                      u"tab_note.color = '"_s + quoted(Color) + u"' , "_s + //
-                                      date + //
-                                      u"WHERE (tab_note.noteID = "_s + QString::number(EditingID) + u" ) "_s);
+        const int rows = unit.Execute(UpdateText(u"tab_note"_s)
+                                          .set(u"tab_note.content"_s, Content)
+                                          .set(u"tab_note.color"_s, Color)
+                                          .setDate(u"tab_note.noteDate"_s, FormatDateSQL(NoteDate))
+                                          .where(u"tab_note.noteID"_s, EditingID));
         EditingMode = rows > 0;
         if (!EditingMode)
             throw std::runtime_error("The note is no longer in the archive.");
@@ -72,7 +69,7 @@ bool cNote::Delete(const QString& ids)
 {
     return run(u"Delete"_s, [&] {
         ArchiveUnit unit(m_archive);
-        unit.Execute(u"DELETE * FROM tab_note "_s + u"WHERE tab_note.noteID IN ("_s + ids + u") "_s);
+        unit.Execute(u"DELETE * FROM tab_note WHERE tab_note.noteID IN ("_s + ids + u") "_s);
     });
 }
 
@@ -80,7 +77,7 @@ bool cNote::SetColor(qint32 id, const QString& color)
 {
     return run(u"SetColor"_s, [&] {
         ArchiveUnit unit(m_archive);
-        unit.Execute(u"UPDATE tab_note SET "_s + u"tab_note.color = '"_s + quoted(color) + u"'  "_s +
-                     u"WHERE (tab_note.noteID = "_s + QString::number(id) + u" ) "_s);
+        unit.Execute(
+            UpdateText(u"tab_note"_s).set(u"tab_note.color"_s, color).where(u"tab_note.noteID"_s, id, u"  "_s));
     });
 }

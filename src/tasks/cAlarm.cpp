@@ -29,8 +29,8 @@ void cAlarm::Alarm()
     const bool done = keepError(error, [&] {
         ArchiveUnit unit(m_archive);
         jet::Recordset rows =
-            unit.Open(u"SELECT * FROM tab_ToDo WHERE tab_ToDo.alarmOn <> 0 "_s + //
-                      u" AND  tab_ToDo.alarmDate < #"_s + sqlDateTime(moment(m_archive.clock().now())) + u"# "_s);
+            unit.Open(u"SELECT * FROM tab_ToDo WHERE tab_ToDo.alarmOn <> 0  AND  tab_ToDo.alarmDate < #"_s +
+                      sqlDateTime(moment(m_archive.clock().now())) + u"# "_s);
         if (rows.eof())
             return;
         for (const int key = rows.index(u"todoID"_s); !rows.eof(); rows.moveNext())
@@ -46,7 +46,7 @@ std::optional<AlarmRow> readAlarm(Archive& archive, qint32 todoID)
 {
     ArchiveUnit unit(archive);
     const jet::Recordset row =
-        unit.Open(u" SELECT * FROM tab_ToDo "_s + u"WHERE tab_ToDo.todoID = "_s + QString::number(todoID) + u" "_s);
+        unit.Open(u" SELECT * FROM tab_ToDo WHERE tab_ToDo.todoID = "_s + QString::number(todoID) + u" "_s);
     if (row.eof())
         return std::nullopt;
     AlarmRow alarm{row.text(u"name"_s), row.moment(row.index(u"alarmDate"_s)), false};
@@ -59,8 +59,8 @@ std::optional<AlarmRow> readAlarm(Archive& archive, qint32 todoID)
 void UpdateAlarm(Archive& archive, qint32 todoID, const std::optional<jet::LocalMoment>& next)
 {
     ArchiveUnit unit(archive);
-    const QString assignments = next
-        ? u"tab_todo.alarmOn = 1 , "_s + u"tab_todo.alarmDate = '"_s + sqlDateTime(*next) + u"' , "_s
-        : u"tab_todo.alarmOn = 0 , "_s + u"tab_todo.alarmDate = Null ,  "_s;
-    updateToDoRow(unit, todoID, assignments, archive.clock().now());
+    UpdateText columns(u"tab_ToDo"_s);
+    columns.set(u"tab_todo.alarmOn"_s, next ? 1 : 0);
+    columns.setDate(u"tab_todo.alarmDate"_s, next ? sqlDateTime(*next) : QString());
+    updateToDoRow(unit, todoID, columns, archive.clock().now());
 }

@@ -4,7 +4,6 @@
 
 #include "archive/Archive.h"
 #include "archive/ErrorTrap.h"
-#include "archive/SqlText.h"
 #include "desktop/Clock.h"
 #include "tasks/modToDo.h"
 
@@ -22,22 +21,6 @@ jet::Value valueOrNull(const QString& text)
     return text.isEmpty() ? jet::Value() : jet::Value(text);
 }
 
-QString textAssignment(const QString& column, const QString& text)
-{
-    return u"tab_todo."_s + column + u" = '"_s + quoted(text) + u"' , "_s;
-}
-
-// The text of a date, or "" for Null.
-QString dateAssignment(const QString& column, const QString& text)
-{
-    return u"tab_todo."_s + column + (text.isEmpty() ? u" = Null ,  "_s : u" = '"_s + text + u"' , "_s);
-}
-
-QString numberAssignment(const QString& column, qint32 number)
-{
-    return u"tab_todo."_s + column + u" = "_s + QString::number(number) + u" , "_s;
-}
-
 } // namespace
 
 bool cToDo::Load()
@@ -45,7 +28,7 @@ bool cToDo::Load()
     return keepError(m_lastError, [&] {
         ArchiveUnit unit(m_archive);
         const jet::Recordset row =
-            unit.Open(u" SELECT * FROM tab_todo "_s + u" WHERE todoID = "_s + QString::number(ToDoID) + u" "_s);
+            unit.Open(u" SELECT * FROM tab_todo  WHERE todoID = "_s + QString::number(ToDoID) + u" "_s);
         if (row.eof())
             return;
         const auto number = [&](const QString& column, auto& field) {
@@ -94,28 +77,26 @@ bool cToDo::Save()
     });
 }
 
-QString cToDo::assignments() const
-{
-    return numberAssignment(u"categoryID"_s, CategoryID) + //
-        textAssignment(u"name"_s, ToDoName) + //
-        textAssignment(u"description"_s, ToDoDescription) + //
-        dateAssignment(u"startDate"_s, sqlDate(StartDate)) + //
-        dateAssignment(u"dueDate"_s, sqlDate(DueDate)) + //
-        dateAssignment(u"endDate"_s, sqlDate(EndDate)) + //
-        flagAssignment(u"alarmOn"_s, AlarmOn) + //
-        dateAssignment(u"alarmDate"_s, sqlDateTime(AlarmDate)) + //
-        numberAssignment(u"percentComplete"_s, PercentComplete) + //
-        numberAssignment(u"priority"_s, Priority) + //
-        numberAssignment(u"status"_s, Status) + //
-        textAssignment(u"resources"_s, Resources) + //
-        flagAssignment(u"done"_s, Done);
-}
-
 bool cToDo::Update()
 {
     return keepError(m_lastError, [&] {
         ArchiveUnit unit(m_archive);
-        updateToDoRow(unit, ToDoID, assignments(), m_archive.clock().now());
+        updateToDoRow(unit, ToDoID,
+                      UpdateText(u"tab_ToDo"_s)
+                          .set(u"tab_todo.categoryID"_s, CategoryID)
+                          .set(u"tab_todo.name"_s, ToDoName)
+                          .set(u"tab_todo.description"_s, ToDoDescription)
+                          .setDate(u"tab_todo.startDate"_s, sqlDate(StartDate))
+                          .setDate(u"tab_todo.dueDate"_s, sqlDate(DueDate))
+                          .setDate(u"tab_todo.endDate"_s, sqlDate(EndDate))
+                          .setFlag(u"tab_todo.alarmOn"_s, AlarmOn)
+                          .setDate(u"tab_todo.alarmDate"_s, sqlDateTime(AlarmDate))
+                          .set(u"tab_todo.percentComplete"_s, PercentComplete)
+                          .set(u"tab_todo.priority"_s, Priority)
+                          .set(u"tab_todo.status"_s, Status)
+                          .set(u"tab_todo.resources"_s, Resources)
+                          .setFlag(u"tab_todo.done"_s, Done),
+                      m_archive.clock().now());
     });
 }
 

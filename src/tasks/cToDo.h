@@ -47,8 +47,6 @@ public:
     const QString& lastError() const { return m_lastError; }
 
 private:
-    QString assignments() const;
-
     Archive& m_archive;
     QString m_lastError;
 };

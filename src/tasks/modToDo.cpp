@@ -57,32 +57,10 @@ QString statusImage(int code)
     return imageOf(statusText(code));
 }
 
-QString sqlDate(const QDate& date)
+void updateToDoRow(ArchiveUnit& unit, qint32 todoID, UpdateText columns, const QDateTime& now)
 {
-    return date.isValid() ? u"%1-%2-%3"_s.arg(date.year()).arg(date.month()).arg(date.day()) : QString();
-}
-
-QString sqlTime(const QTime& time)
-{
-    return time.isValid() ? u"%1:%2:%3"_s.arg(time.hour()).arg(time.minute()).arg(time.second()) : QString();
-}
-
-QString sqlDateTime(const jet::LocalMoment& moment)
-{
-    return moment.isValid() ? sqlDate(moment.date) + u' ' + sqlTime(moment.time) : QString();
-}
-
-QString flagAssignment(const QString& column, bool on)
-{
-    return u"tab_todo."_s + column + (on ? u" = 1 ,  "_s : u" = 0 ,  "_s);
-}
-
-void updateToDoRow(ArchiveUnit& unit, qint32 todoID, const QString& assignments, const QDateTime& now)
-{
-    const int rows = unit.Execute(u"UPDATE tab_ToDo SET "_s + assignments + //
-                                  u"tab_ToDo.dateLastMod = '"_s + changeMoment(now) + u"'  "_s + //
-                                  u"WHERE (tab_ToDo.ToDoID = "_s + QString::number(todoID) + u" ) "_s);
-    if (rows == 0) // another program deleted it: the change must not count as saved
+    columns.set(u"tab_ToDo.dateLastMod"_s, changeMoment(now));
+    if (unit.Execute(columns.where(u"tab_ToDo.ToDoID"_s, todoID, u"  "_s)) == 0) // another program deleted it
         throw std::runtime_error("The to-do is no longer in the archive.");
 }
 
@@ -90,7 +68,7 @@ bool markToDoDone(Archive& archive, qint32 todoID, bool done, QString& error)
 {
     return keepError(error, [&] {
         ArchiveUnit unit(archive);
-        updateToDoRow(unit, todoID, flagAssignment(u"done"_s, done), archive.clock().now());
+        updateToDoRow(unit, todoID, UpdateText(u"tab_ToDo"_s).setFlag(u"tab_todo.done"_s, done), archive.clock().now());
     });
 }
 
@@ -101,7 +79,7 @@ bool changeToDoPriority(Archive& archive, qint32 todoID, bool raise, QString& er
         qint64 priority = 0;
         {
             const jet::Recordset row =
-                unit.Open(u" SELECT * FROM tab_todo "_s + u" WHERE todoID = "_s + QString::number(todoID) + u" "_s);
+                unit.Open(u" SELECT * FROM tab_todo  WHERE todoID = "_s + QString::number(todoID) + u" "_s);
             if (!row.eof())
                 priority = row.integer(u"priority"_s); // 0 for Null
         }
@@ -109,7 +87,7 @@ bool changeToDoPriority(Archive& archive, qint32 todoID, bool raise, QString& er
             ++priority;
         else if (!raise && priority > PriorityLowest)
             --priority;
-        updateToDoRow(unit, todoID, u"tab_todo.priority = "_s + QString::number(priority) + u" ,  "_s,
+        updateToDoRow(unit, todoID, UpdateText(u"tab_ToDo"_s, u" ,  "_s).set(u"tab_todo.priority"_s, priority),
                       archive.clock().now());
     });
 }

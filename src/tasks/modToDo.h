@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "jet/Value.h"
+#include "archive/SqlText.h"
 
 #include <QString>
 
 class Archive;
 class ArchiveUnit;
 
-// What all that works with to-dos shares: the codes, the date texts and the writers of single columns.
+// What all that works with to-dos shares: the codes and the writers of single columns.
 
 inline constexpr qint16 PriorityLowest = 1; // 0: none
 inline constexpr qint16 PriorityUrgent = 6;
@@ -23,11 +23,6 @@ QString statusText(int code);
 QString priorityImage(int code);
 QString statusImage(int code);
 
-// Parts of a moment without leading zeros: 2024-3-7, 9:5:0, 2024-3-7 9:5:0. Empty when it is no date or time.
-QString sqlDate(const QDate& date);
-QString sqlTime(const QTime& time);
-QString sqlDateTime(const jet::LocalMoment& moment);
-
 // Writes the flag and the moment of the change; status and percentage stay. On an error false, without a message:
 // `error` has the text then. A to-do that is no longer in the archive is an error.
 bool markToDoDone(Archive& archive, qint32 todoID, bool done, QString& error);
@@ -36,9 +31,6 @@ bool markToDoDone(Archive& archive, qint32 todoID, bool done, QString& error);
 // is written even if there was no room to move. Errors as above.
 bool changeToDoPriority(Archive& archive, qint32 todoID, bool raise, QString& error);
 
-// Sets columns of one row and stamps the change with `now`. `assignments` ends with a comma. Throws when the archive
-// cannot be written or no longer has the row.
-void updateToDoRow(ArchiveUnit& unit, qint32 todoID, const QString& assignments, const QDateTime& now);
-
-// "tab_todo.done = 1 ,  ": a flag as an assignment for updateToDoRow().
-QString flagAssignment(const QString& column, bool on);
+// Sets columns of one row and stamps the change with `now`. Throws when the archive cannot be written or no longer has
+// the row.
+void updateToDoRow(ArchiveUnit& unit, qint32 todoID, UpdateText columns, const QDateTime& now);

@@ -61,12 +61,11 @@ qint32 insertPasswordCategory(Archive& archive, const PasswordCategory& category
 bool updatePasswordCategory(Archive& archive, const PasswordCategory& category)
 {
     ArchiveUnit unit(archive);
-    return unit.Execute(u"UPDATE tab_passwordCategory SET "_s + //
-                        u"tab_passwordCategory.name = '"_s + quoted(category.name) + u"' , "_s + //
-                        u"tab_passwordCategory.description = '"_s + quoted(category.description) + u"' , "_s + //
-                        u"tab_passwordCategory.notes = '"_s + quoted(category.notes) + u"' "_s + //
-                        u"WHERE (tab_passwordCategory.passwordCategoryID = "_s + QString::number(category.id) +
-                        u" ) "_s) > 0;
+    return unit.Execute(UpdateText(u"tab_passwordCategory"_s)
+                            .set(u"tab_passwordCategory.name"_s, category.name)
+                            .set(u"tab_passwordCategory.description"_s, category.description)
+                            .set(u"tab_passwordCategory.notes"_s, category.notes)
+                            .where(u"tab_passwordCategory.passwordCategoryID"_s, category.id)) > 0;
 }
 
 void deletePasswordCategory(Archive& archive, qint32 id)

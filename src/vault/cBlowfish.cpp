@@ -3,6 +3,7 @@
 #include "vault/cBlowfish.h"
 
 #include "desktop/SecretMemory.h"
+#include "desktop/TextForms.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -21,13 +22,6 @@ constexpr qsizetype blockSize = 8;
 constexpr qsizetype headSize = 12; // two random words and the length
 constexpr quint32 firstUserError = 0x80040000;
 
-// What Windows-1252 has at 0x80 to 0x9F; the five unused places keep their number, so that no byte is lost.
-constexpr char16_t western[32] = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
-};
-
 QString textOf(const QByteArray& bytes)
 {
     if (QByteArrayView(bytes).isValidUtf8()) {
@@ -35,11 +29,7 @@ QString textOf(const QByteArray& bytes)
         QStringDecoder decoder(QStringDecoder::Utf8, QStringConverter::Flag::ConvertInitialBom);
         return decoder(bytes);
     }
-    QString text = QString::fromLatin1(bytes);
-    for (QChar& character : text)
-        if (character >= u'\x80' && character <= u'\x9F')
-            character = western[character.unicode() - 0x80];
-    return text;
+    return westernText(bytes); // no byte is lost
 }
 
 // Uniform in 0 to 2147483646. The system's generator needs no seed.

@@ -116,25 +116,21 @@ bool cPassword::Save()
     });
 }
 
-QString cPassword::assignments()
-{
-    return u"tab_password.passwordCategoryID = "_s + QString::number(CategoryID) + u" , "_s + //
-        u"tab_password.title = '"_s + quoted(Title) + u"' , "_s + //
-        u"tab_password.description = '"_s + quoted(Description) + u"' , "_s + //
-        u"tab_password.userName = '"_s + quoted(enciphered(UserName, m_loadedUserName)) + u"' , "_s + //
-        u"tab_password.password = '"_s + quoted(enciphered(Password, m_loadedPassword)) + u"' , "_s + //
-        u"tab_password.URL = '"_s + quoted(URL) + u"' , "_s + //
-        u"tab_password.dateLastMod = '"_s + FormatDateSQL(m_archive.clock().now()) + u"' , "_s + //
-        u"tab_password.notes = '"_s + quoted(Notes) + u"'  "_s;
-}
-
 bool cPassword::Update()
 {
     return keepError(m_lastError, [&] {
         requireSession();
         ArchiveUnit unit(m_archive);
-        const int rows = unit.Execute(u"UPDATE tab_password SET "_s + assignments() +
-                                      u"WHERE (tab_Password.PasswordID = "_s + QString::number(PasswordID) + u" ) "_s);
+        const int rows = unit.Execute(UpdateText(u"tab_password"_s)
+                                          .set(u"tab_password.passwordCategoryID"_s, CategoryID)
+                                          .set(u"tab_password.title"_s, Title)
+                                          .set(u"tab_password.description"_s, Description)
+                                          .set(u"tab_password.userName"_s, enciphered(UserName, m_loadedUserName))
+                                          .set(u"tab_password.password"_s, enciphered(Password, m_loadedPassword))
+                                          .set(u"tab_password.URL"_s, URL)
+                                          .set(u"tab_password.dateLastMod"_s, FormatDateSQL(m_archive.clock().now()))
+                                          .set(u"tab_password.notes"_s, Notes)
+                                          .where(u"tab_Password.PasswordID"_s, PasswordID, u"  "_s));
         if (rows == 0) // another program deleted it: what is in the fields must not count as saved
             failGone();
     });

@@ -47,7 +47,6 @@ public:
 private:
     void requireSession();
     QString enciphered(const QString& text, const QString& loaded);
-    QString assignments();
 
     Archive& m_archive;
     modPassword& m_vault;

@@ -102,15 +102,17 @@ std::optional<StyleRow> readStyle(Archive& archive, qint32 styleID)
 bool updateStyle(Archive& archive, const StyleRow& style)
 {
     const qint64 letterCase = style.letterCase == 1 || style.letterCase == 2 ? style.letterCase : 0;
-    const QString sql = u"UPDATE tab_style SET "_s + u"tab_style.foreColor = "_s +
-        QString::number(style.foreColor.value_or(white)) + u" , "_s + u"tab_style.backColor = "_s +
-        QString::number(style.backColor.value_or(white)) + u" , "_s + u"tab_style.bold = "_s + flag(style.isBold) +
-        u" , "_s + u"tab_style.italic = "_s + flag(style.isItalic) + u" , "_s + u"tab_style.underline = "_s +
-        flag(style.isUnderlined) + u" , "_s + u"tab_style.invisible = "_s + flag(style.isInvisible) + u" , "_s +
-        u"tab_style.case = '"_s + QString::number(letterCase) + u"' , "_s + u"tab_style.fontName = "_s +
-        textOrNull(style.fontName) + u" , "_s + u"tab_style.fontSize = "_s + textOrNull(style.fontSize) + u" , "_s +
-        u"tab_style.enable = "_s + flag(style.isEnabled) + u" "_s + u"WHERE (tab_style.styleID = "_s +
-        QString::number(style.id) + u" ) "_s;
     ArchiveUnit unit(archive);
-    return unit.Execute(sql) > 0;
+    return unit.Execute(UpdateText(u"tab_style"_s)
+                            .set(u"tab_style.foreColor"_s, style.foreColor.value_or(white))
+                            .set(u"tab_style.backColor"_s, style.backColor.value_or(white))
+                            .put(u"tab_style.bold"_s, flag(style.isBold))
+                            .put(u"tab_style.italic"_s, flag(style.isItalic))
+                            .put(u"tab_style.underline"_s, flag(style.isUnderlined))
+                            .put(u"tab_style.invisible"_s, flag(style.isInvisible))
+                            .set(u"tab_style.case"_s, QString::number(letterCase))
+                            .put(u"tab_style.fontName"_s, textOrNull(style.fontName))
+                            .put(u"tab_style.fontSize"_s, textOrNull(style.fontSize))
+                            .put(u"tab_style.enable"_s, flag(style.isEnabled))
+                            .where(u"tab_style.styleID"_s, style.id)) > 0;
 }

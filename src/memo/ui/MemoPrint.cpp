@@ -5,12 +5,12 @@
 #include "archive/Archive.h"
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
+#include "desktop/TextForms.h"
 #include "memo/cMemo.h"
 #include "memo/code/cScintilla.h"
 #include "memo/code/ui/ScintillaView.h"
 #include "ui/print/frmPrintPreview.h"
 
-#include <QLocale>
 #include <QPrinter>
 #include <stdexcept>
 
@@ -29,11 +29,6 @@ QString nameIn(Archive& archive, const QString& sql)
     ArchiveUnit unit(archive);
     const jet::Recordset row = unit.Open(sql);
     return row.eof() ? QString() : row.text(u"name"_s);
-}
-
-QString dateText(const QDateTime& moment)
-{
-    return moment.isValid() ? QLocale().toString(moment, QLocale::ShortFormat) : QString();
 }
 
 // In an editor that is never shown: so paper has the very colours of the screen.
@@ -59,8 +54,8 @@ PrintedMemo readMemo(Archive& archive, qint32 id)
     printed.name = memo.MemoName;
     printed.language = languageName(archive, memo.MemoTypeID);
     printed.category = categoryName(archive, memo.CategoryID);
-    printed.created = dateText(memo.MemoDateIn);
-    printed.lastModified = dateText(memo.MemoDateLastMod);
+    printed.created = shortMoment(memo.MemoDateIn);
+    printed.lastModified = shortMoment(memo.MemoDateLastMod);
     printed.link = memo.MemoLink;
     printed.description = memo.MemoDescription;
     printed.code = styledCode(archive, memo.SnipVale, memo.MemoTypeID);

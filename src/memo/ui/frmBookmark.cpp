@@ -9,11 +9,11 @@
 #include "archive/cViewFilter.h"
 #include "desktop/Desktop.h"
 #include "desktop/Questions.h"
+#include "desktop/TextForms.h"
 #include "memo/cBookmark.h"
 #include "ui/widgets/Icons.h"
 #include "ui_frmBookmark.h"
 
-#include <QLocale>
 #include <QShortcut>
 
 using namespace Qt::StringLiterals;
@@ -82,7 +82,7 @@ void frmBookmark::showRecord()
         box->setCursorPosition(0); // a long text shows its beginning
     m_shownDescription = description();
     const QDateTime& created = bookmark.BookmarkDateIn;
-    m_ui->lblCreationDate->setText(created.isValid() ? QLocale().toString(created, QLocale::ShortFormat) : QString());
+    m_ui->lblCreationDate->setText(shortMoment(created));
 }
 
 // The text as it stands in the box: toPlainText() would turn no-break spaces into plain ones.

@@ -9,6 +9,7 @@
 #include "archive/cViewFilter.h"
 #include "desktop/Desktop.h"
 #include "desktop/Questions.h"
+#include "desktop/TextForms.h"
 #include "memo/cMemo.h"
 #include "memo/code/cScintilla.h"
 #include "memo/code/ui/ScintillaView.h"
@@ -17,17 +18,11 @@
 #include "ui/widgets/Icons.h"
 #include "ui_frmSnipVale.h"
 
-#include <QLocale>
 #include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString dateText(const QDateTime& moment)
-{
-    return moment.isValid() ? QLocale().toString(moment, QLocale::ShortFormat) : QString();
-}
 
 } // namespace
 
@@ -111,8 +106,8 @@ void frmSnipVale::showRecord()
     m_ui->txtMemoLink->setText(memo.MemoLink);
     m_ui->rtfSnipVale->setText(memo.SnipVale);
     m_ui->rtfMemoNotes->setRtf(memo.MemoNotes);
-    m_ui->lblDateIn->setText(dateText(memo.MemoDateIn));
-    m_ui->lblLastModified->setText(dateText(memo.MemoDateLastMod));
+    m_ui->lblDateIn->setText(shortMoment(memo.MemoDateIn));
+    m_ui->lblLastModified->setText(shortMoment(memo.MemoDateLastMod));
     m_editor->setText(memo.SnipVale.toUtf8());
 }
 
@@ -159,11 +154,10 @@ void frmSnipVale::markDirty()
     m_ui->cmdApply->setEnabled(true);
 }
 
-// The two prefixes count as they are: a scheme in capital letters is no link here.
 void frmSnipVale::updateLinkButton()
 {
     const QString link = m_ui->txtMemoLink->text();
-    const bool isLink = link.startsWith("http://"_L1) || link.startsWith("https://"_L1);
+    const bool isLink = isWebAddress(link);
     m_ui->cmdUrl->setEnabled(isLink);
     QPalette colours;
     if (isLink)

@@ -4,6 +4,7 @@
 #include "archive/Archive.h"
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
+#include "desktop/TextForms.h"
 #include "memo/TextFile.h"
 #include "memo/cMemo.h"
 #include "memo/code/cScintilla.h"
@@ -203,7 +204,7 @@ void frmSnipVale::makeNoteBar()
     connect(bar, &RichTextBar::printRequested, this, &frmSnipVale::printNotes);
     notes.setMenuNames({u"mnuMemoNote"_s, u"mnuMemoNoteCut"_s, u"mnuMemoNoteCopy"_s, u"mnuMemoNotePaste"_s});
     connect(&notes, &RichTextBox::linkActivated, this, [this](const QString& address) {
-        if (address.startsWith("http://"_L1) || address.startsWith("https://"_L1))
+        if (isWebAddress(address))
             openAddress(address);
     });
 }

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "notes/ui/NoteListModel.h"
 
+#include "desktop/TextForms.h"
 #include "notes/ui/NoteColors.h"
 
-#include <QLocale>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -16,9 +16,8 @@ QString tip(const NoteRow& row)
 {
     constexpr qsizetype longest = 1000; // characters
     const QString text = row.content.size() > longest ? row.content.left(longest) + u'…' : row.content;
-    const QString date =
-        row.date.isValid() ? QLocale().toString(QDateTime(row.date.date, row.date.time), QLocale::ShortFormat) : u""_s;
-    return u"<p style='white-space:pre-wrap'>"_s + text.toHtmlEscaped() + u"</p><p><i>"_s + date + u"</i></p>"_s;
+    return u"<p style='white-space:pre-wrap'>"_s + text.toHtmlEscaped() + u"</p><p><i>"_s +
+        shortMoment(row.date.date, row.date.time) + u"</i></p>"_s;
 }
 
 } // namespace

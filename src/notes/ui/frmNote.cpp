@@ -4,6 +4,7 @@
 
 #include "archive/Archive.h"
 #include "desktop/Clock.h"
+#include "desktop/TextForms.h"
 #include "notes/NoteRows.h"
 #include "notes/ui/NoteColors.h"
 #include "ui_frmNote.h"
@@ -156,7 +157,7 @@ void frmNote::showDate()
 {
     const QLocale locale;
     const QDateTime& date = m_note.NoteDate;
-    m_ui->lblNoteDate->setText(date.isValid() ? locale.toString(date.date(), QLocale::ShortFormat) : QString());
+    m_ui->lblNoteDate->setText(shortDate(date.date()));
     m_ui->lblNoteDate->setToolTip(date.isValid() ? u"Written "_s + locale.toString(date, QLocale::LongFormat)
                                                  : QString());
 }

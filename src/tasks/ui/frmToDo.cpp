@@ -10,13 +10,13 @@
 #include "desktop/Clock.h"
 #include "desktop/Desktop.h"
 #include "desktop/Questions.h"
+#include "desktop/TextForms.h"
 #include "tasks/modToDo.h"
 #include "tasks/ui/ToDoIcons.h"
 #include "ui/widgets/Icons.h"
 #include "ui/widgets/OptionalDate.h"
 #include "ui_frmToDo.h"
 
-#include <QLocale>
 #include <QShortcut>
 #include <cmath>
 #include <limits>
@@ -25,11 +25,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString momentText(const QDateTime& moment)
-{
-    return moment.isValid() ? QLocale().toString(moment, QLocale::ShortFormat) : QString();
-}
 
 // The text as it stands in a box: toPlainText() would turn no-break spaces into plain ones.
 QString textOf(const QPlainTextEdit& box)
@@ -138,8 +133,8 @@ void frmToDo::showRecord()
     m_ui->chkAlarm->setChecked(m_todo.AlarmOn);
     m_ui->dtpAlarmDay->setDate(hasAlarm ? m_todo.AlarmDate.date : now.date());
     m_ui->dtpAlarmHour->setTime(hasAlarm ? m_todo.AlarmDate.time : now.time());
-    m_ui->lblCreationDate->setText(u"Created: "_s + momentText(m_todo.ToDoDateIn) + u"  "_s + u"Last modified: "_s +
-                                   momentText(m_todo.ToDoDateLastMod));
+    m_ui->lblCreationDate->setText(u"Created: "_s + shortMoment(m_todo.ToDoDateIn) + u"  "_s + u"Last modified: "_s +
+                                   shortMoment(m_todo.ToDoDateLastMod));
     m_ui->txtName->setText(m_todo.ToDoName);
     m_ui->txtName->setCursorPosition(0); // a long name shows its beginning
     m_ui->lblMessage->setText(m_todo.ToDoName.trimmed());

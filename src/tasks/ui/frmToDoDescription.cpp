@@ -4,6 +4,7 @@
 #include "archive/Archive.h"
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
+#include "desktop/TextForms.h"
 #include "tasks/ui/frmToDo.h"
 #include "ui/print/RichTextPrint.h"
 #include "ui/richtext/RichTextBar.h"
@@ -40,7 +41,7 @@ void frmToDo::makeNoteBar()
 
 void frmToDo::openLink(const QString& address)
 {
-    if (!address.startsWith("http://"_L1) && !address.startsWith("https://"_L1))
+    if (!isWebAddress(address))
         return;
     trapErrors(m_context.archive.questions(), u"OpenLink"_s, [&] { m_context.desktop.shell.openLink(address); });
 }

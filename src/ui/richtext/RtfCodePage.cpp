@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/richtext/RtfCodePage.h"
 
+#include "desktop/TextForms.h"
+
 #include <QStringDecoder>
 #include <algorithm>
-#include <array>
 #include <iterator>
 
 namespace rtf {
@@ -13,22 +14,6 @@ namespace {
 
 constexpr int symbolCodePage = 42;
 constexpr int macintoshCodePage = 10000;
-
-// The bytes 0x80 to 0x9F. Five have no character and stand for the C1 control of their number.
-constexpr std::array<char16_t, 32> westernHigh{0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                               0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
-                                               0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                               0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-QString decodeWestern(const QByteArray& bytes)
-{
-    QString text = QString::fromLatin1(bytes);
-    for (QChar& c : text) {
-        if (c.unicode() >= 0x80 && c.unicode() < 0xA0)
-            c = QChar(westernHigh[c.unicode() - 0x80U]);
-    }
-    return text;
-}
 
 // The symbol fonts have no table of their own here: their two usual bullets are known, the rest goes to the
 // private area, where such fonts keep it.
@@ -71,7 +56,7 @@ bool isDoubleByte(int codePage)
 QString decode(int codePage, const QByteArray& bytes)
 {
     if (codePage == westernCodePage)
-        return decodeWestern(bytes);
+        return westernText(bytes);
     if (codePage == symbolCodePage)
         return decodeSymbol(bytes);
     if (codePage == utf8CodePage)
@@ -79,17 +64,21 @@ QString decode(int codePage, const QByteArray& bytes)
     const QByteArray name =
         codePage == macintoshCodePage ? QByteArray("macintosh") : "cp" + QByteArray::number(codePage);
     QStringDecoder decoder(name.constData());
-    return decoder.isValid() ? QString(decoder.decode(bytes)) : decodeWestern(bytes);
+    return decoder.isValid() ? QString(decoder.decode(bytes)) : westernText(bytes);
 }
 
 int westernByte(char16_t character)
 {
     if (character >= 0xA0 && character <= 0xFF)
         return character;
-    const auto it = std::find(westernHigh.begin(), westernHigh.end(), character);
-    if (it == westernHigh.end() || character < 0x100)
-        return 0;
-    return 0x80 + static_cast<int>(it - westernHigh.begin());
+    static const QString high = [] {
+        QByteArray bytes;
+        for (int byte = 0x80; byte < 0xA0; ++byte)
+            bytes += static_cast<char>(byte);
+        return westernText(bytes);
+    }();
+    const qsizetype place = character < 0x100 ? -1 : high.indexOf(QChar(character));
+    return place < 0 ? 0 : 0x80 + static_cast<int>(place);
 }
 
 } // namespace rtf

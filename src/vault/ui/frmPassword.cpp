@@ -9,6 +9,7 @@
 #include "desktop/Desktop.h"
 #include "desktop/Questions.h"
 #include "desktop/SecretMemory.h"
+#include "desktop/TextForms.h"
 #include "ui/widgets/Icons.h"
 #include "ui/widgets/RawText.h"
 #include "ui_frmPassword.h"
@@ -16,7 +17,6 @@
 #include "vault/PasswordGenerator.h"
 #include "vault/cPassword.h"
 
-#include <QLocale>
 #include <algorithm>
 #include <utility>
 
@@ -88,7 +88,7 @@ void frmPassword::showDates()
 {
     const cPassword& password = m_context.password;
     const auto show = [](QLabel& label, const QString& caption, const QDateTime& date) {
-        label.setText(caption + QLocale().toString(date, QLocale::ShortFormat));
+        label.setText(caption + shortMoment(date));
         label.setVisible(date.isValid()); // a new account has none yet
     };
     show(*m_ui->lblDateIn, u"Created : "_s, password.PwdDateIn);
