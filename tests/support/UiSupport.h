@@ -55,13 +55,19 @@ public:
 // A frame that only remembers what was asked of it.
 class FakeFrame : public FrameServices {
 public:
+    void handleCommand(const QString& name, const QString&, std::function<void()> handler) override
+    {
+        handlers[name] = std::move(handler);
+    }
     void enableCommand(const QString& name, bool enabled) override { enabledCommands[name] = enabled; }
     void checkCommand(const QString&, bool) override { }
+    void setCommandIcon(const QString&, const QIcon&) override { }
     void runCommand(const QString& name) override { ran.append(name); }
     void setStatus(const QString& text) override { status = text; }
     void popupMenu(const QString& name, const QPoint&) override { menus.append(name); }
-    void showView(const QString&) override { }
+    bool showView(const QString&) override { return true; }
 
+    QHash<QString, std::function<void()>> handlers;
     QHash<QString, bool> enabledCommands;
     QStringList ran;
     QStringList menus;

@@ -119,7 +119,7 @@ void CommandBars::enable(const QString& name, bool enabled)
     QAction* action = m_actions.value(name);
     if (!action)
         return;
-    action->setEnabled(enabled && m_handlers.contains(name));
+    action->setEnabled(enabled && m_handlers.value(name));
     action->setToolTip(toolTip(name));
 }
 

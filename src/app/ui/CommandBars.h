@@ -20,7 +20,7 @@ public:
     explicit CommandBars(QMainWindow& frame);
 
     using Handler = std::function<void()>;
-    void handle(const QString& name, const Handler& handler); // enables the command
+    void handle(const QString& name, const Handler& handler); // enables the command; an empty one disables it
     void run(const QString& name); // as a click: nothing when disabled or unknown
 
     void enable(const QString& name, bool enabled);

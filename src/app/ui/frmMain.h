@@ -2,22 +2,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "archive/cCategory.h"
 #include "archive/cViewFilter.h"
-#include "desktop/FrameServices.h"
-#include "memo/cBookmark.h"
-#include "memo/cMemo.h"
-#include "notes/cNote.h"
+#include "explorer/ui/ExplorerView.h"
 #include "notes/ui/NoteWindows.h"
-#include "tasks/cToDo.h"
+#include "notes/ui/frmNoteList.h"
 #include "tasks/ui/frmSysTray.h"
-#include "vault/cBlowfish.h"
-#include "vault/cPassword.h"
-#include "vault/modPassword.h"
+#include "vault/ui/VaultView.h"
 
 #include <QMainWindow>
 #include <QPointer>
 #include <QTimer>
+#include <array>
 #include <memory>
 
 class AlarmWindows;
@@ -25,12 +20,12 @@ class CommandBars;
 class QLabel;
 class QStackedWidget;
 class frmHelp;
-class frmNoteList;
 class frmOptions;
-class frmPasswordS;
-class frmSnipValeS;
 class modSnipVale;
 struct Desktop;
+namespace jet {
+struct CompactResult;
+}
 
 // The program's one frame window: menus, bars, status bar, the task timer and the views. Everything that can be
 // commanded arrives at ActiveBar21_Click by its name.
@@ -44,19 +39,21 @@ public:
     void OpenArchive();
     void SaveArchiveAs();
     void CompactArchive();
-    void ShowPasswordList(); // once the vault is unlocked
+    void ShowPasswordList() { showView(QStringLiteral("Password")); }
     void loadTray(); // at the start, once the frame is shown, and again for another archive
     void leave(); // ends the program; the close box only hides the frame
     void endSession(); // the same without a farewell: the system waits
     void bringToFront(); // from wherever it is: minimised, hidden, behind others
 
     // FrameServices
+    void handleCommand(const QString& name, const QString& routine, std::function<void()> handler) override;
     void enableCommand(const QString& name, bool enabled) override;
     void checkCommand(const QString& name, bool checked) override;
+    void setCommandIcon(const QString& name, const QIcon& icon) override;
     void runCommand(const QString& name) override;
     void setStatus(const QString& text) override;
     void popupMenu(const QString& name, const QPoint& screenPosition) override;
-    void showView(const QString& name) override;
+    bool showView(const QString& name) override;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -64,26 +61,18 @@ protected:
 
 private:
     void makeStatusBar();
-    void makeCommands();
     void makeArchiveCommands();
     void makeViewCommands();
-    void makeExplorerCommands();
-    void makeVaultCommands();
-    void makeNoteCommands();
     void makeToolCommands();
     void makeReminders();
-    void handle(const QString& tool, const QString& routine, std::function<void()> action);
-    void bringViewToFront(const QString& name, QWidget& view);
-    void showBarOf(const QString& view);
-    void checkView();
+    void bringToFront(FrameView& view, QWidget& window);
+    void showBarOf(const FrameView& view);
+    void checkViewInFront();
+    void closeViews();
+    void reportCompacted(const jet::CompactResult& result);
     void showOptions();
     void HelpManual();
     void showAbout();
-    void closeViews();
-    void loadExplorer();
-    void loadPasswords();
-    void loadNotes();
-    void reportCompacted(qint64 before, qint64 now, const QString& damagedCopy);
 
     modSnipVale& m_program;
     const Desktop& m_desktop;
@@ -91,26 +80,17 @@ private:
     QStackedWidget* m_views;
     QLabel* m_status = nullptr;
     QTimer TimerTask;
-    // The program-wide instances, made in this order.
     cViewFilter m_viewFilter;
-    cMemo m_memo;
-    cBookmark m_bookmark;
-    cToDo m_toDo;
-    cCategory m_category;
-    cNote m_note;
-    cPassword m_password;
-    cBlowfish m_blowfish;
-    modPassword m_vault;
     NoteWindows m_noteWindows;
+    ExplorerView m_explorer;
+    VaultView m_vault;
+    NotesView m_notes;
+    const std::array<FrameView*, 3> m_allViews{&m_explorer, &m_vault, &m_notes};
+    FrameView* m_viewInFront = nullptr;
 
-    // The views; null while they are not loaded.
-    frmSnipValeS* m_explorer = nullptr;
-    frmPasswordS* m_passwords = nullptr;
-    frmNoteList* m_notes = nullptr;
     AlarmWindows* m_alarms = nullptr;
     QPointer<frmOptions> m_options; // while it is open
     std::unique_ptr<frmHelp> m_help; // null until it is first asked for
     std::unique_ptr<frmSysTray> m_tray; // null until it is loaded
-    QString m_viewInFront;
     UnloadReason m_reason = UnloadReason::CloseBox; // of the close event to come
 };

@@ -5,9 +5,7 @@
 #include "archive/Archive.h"
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
-#include "desktop/FrameServices.h"
 #include "desktop/Questions.h"
-#include "notes/cNote.h"
 #include "notes/ui/NoteColors.h"
 #include "notes/ui/NoteListModel.h"
 #include "notes/ui/NoteWindows.h"
@@ -68,19 +66,12 @@ void frmNoteList::enableCommands()
         m_context.frame.enableCommand(u"miNoteColor"_s + QLatin1StringView(color), isSelected);
 }
 
-void frmNoteList::showEvent(QShowEvent* event)
+void frmNoteList::setInFront(bool inFront)
 {
-    QWidget::showEvent(event);
-    m_isInFront = true;
+    m_isInFront = inFront;
     enableCommands();
-    UpdateStatusBar();
-}
-
-void frmNoteList::hideEvent(QHideEvent* event)
-{
-    QWidget::hideEvent(event);
-    m_isInFront = false;
-    enableCommands();
+    if (inFront)
+        UpdateStatusBar();
 }
 
 void frmNoteList::notesWritten(qint32 newNote)
@@ -139,4 +130,47 @@ void frmNoteList::SetColor(const QString& color)
         }
         MakeLvwContents();
     });
+}
+
+NotesView::NotesView(Archive& archive, const Desktop& desktop, FrameServices& frame, QWidget& window,
+                     NoteWindows& notes)
+    : FrameView(frame, window, u"Note"_s, u"barNote"_s),
+      m_note(archive), m_context{archive, desktop, frame, m_note, notes}
+{
+}
+
+void NotesView::registerCommands()
+{
+    const auto command = [this](const QString& tool, const char* routine, std::function<void(frmNoteList&)> action) {
+        handle(tool.toLatin1().constData(), routine, [this, action = std::move(action)] { action(*m_window); });
+    };
+    command(u"miNoteNew"_s, "NewNote", &frmNoteList::NewNote);
+    command(u"miNoteModify"_s, "ModifyNote", &frmNoteList::ModifyNote);
+    command(u"miNoteDelete"_s, "DeleteNote", &frmNoteList::DeleteNote);
+    for (const QString& tool : {u"miNoteModify"_s, u"miNoteDelete"_s})
+        m_frame.enableCommand(tool, false); // the list enables them with its selection, as the colours
+    for (const QString& color : {u"Yellow"_s, u"Red"_s, u"Green"_s, u"Blue"_s, u"White"_s}) {
+        const QString tool = u"miNoteColor"_s + color;
+        command(tool, "SetColor", [color](frmNoteList& notes) { notes.SetColor(color.toLower()); });
+        m_frame.setCommandIcon(tool, noteIcon(color.toLower()));
+        m_frame.enableCommand(tool, false);
+    }
+}
+
+QWidget* NotesView::open()
+{
+    if (!m_window)
+        m_window = new frmNoteList(m_context, &m_frameWindow);
+    return m_window;
+}
+
+void NotesView::readAgain()
+{
+    if (m_window)
+        m_window->MakeLvwContents();
+}
+
+void NotesView::close()
+{
+    delete std::exchange(m_window, nullptr);
 }

@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/ui/FrameView.h"
+#include "notes/cNote.h"
+
 #include <QWidget>
 #include <memory>
 
-class Archive;
-class FrameServices;
 class NoteListModel;
 class NoteWindows;
-class cNote;
 struct Desktop;
 
 namespace Ui {
@@ -25,24 +25,21 @@ struct NoteListContext {
     NoteWindows& windows;
 };
 
-// The view of the frame that lists all notes. While it is shown it sets the status text and enables those commands
-// that need selected notes; they are off while it is hidden.
+// The view of the frame that lists all notes. While it is in front it sets the status text and enables those commands
+// that need selected notes; they are off while it is behind.
 class frmNoteList final : public QWidget {
     Q_OBJECT
 public:
     frmNoteList(const NoteListContext& context, QWidget* parent); // reads the notes
     ~frmNoteList() override;
 
+    void setInFront(bool inFront);
     void MakeLvwContents(); // notes that are still there stay selected
     void UpdateStatusBar();
     void NewNote();
     void ModifyNote(); // the selected one
     void DeleteNote(); // all selected ones, after a question; open ones are closed
     void SetColor(const QString& color); // of all selected ones, open or not
-
-protected:
-    void showEvent(QShowEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
 
 private:
     void wire();
@@ -53,4 +50,24 @@ private:
     NoteListContext m_context;
     NoteListModel* m_model;
     bool m_isInFront = false;
+};
+
+// "Note", the list as a view of the frame.
+class NotesView final : public FrameView {
+public:
+    // All outlive it.
+    NotesView(Archive& archive, const Desktop& desktop, FrameServices& frame, QWidget& window, NoteWindows& notes);
+
+    void registerCommands() override;
+    QWidget* open() override;
+    bool isOpen() const override { return m_window; }
+    void cameToFront() override { m_window->setInFront(true); }
+    void wentBehind() override { m_window->setInFront(false); }
+    void readAgain() override;
+    void close() override;
+
+private:
+    cNote m_note;
+    NoteListContext m_context;
+    frmNoteList* m_window = nullptr;
 };

@@ -36,6 +36,7 @@ struct Notes : UiFixture {
             add(content);
         list.MakeLvwContents();
         list.show();
+        list.setInFront(true);
         statements.clear();
     }
     static QList<frmNote*> open()
@@ -222,12 +223,12 @@ void tst_Notes::commandsFollowTheSelection()
     QTest::mouseClick(f.view.viewport(), Qt::RightButton, {}, f.view.visualRect(f.view.model()->index(1, 0)).center());
     QCOMPARE(f.frame.menus, QStringList({u"mnuNote"_s}));
     QVERIFY(enabled());
-    f.list.hide(); // another view comes to the front
+    f.list.setInFront(false); // another view comes to the front
     QVERIFY(!enabled() && f.frame.enabledCommands[u"miNoteNew"_s]);
     f.frame.status = u"theirs"_s;
     f.list.MakeLvwContents();
     QCOMPARE(f.frame.status, u"theirs"_s);
-    f.list.show();
+    f.list.setInFront(true);
     QVERIFY(enabled());
     QCOMPARE(f.frame.status, u"Note -  items: 2"_s);
     f.view.clearSelection();

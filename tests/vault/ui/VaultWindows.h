@@ -10,7 +10,11 @@
 class VaultFrame : public FakeFrame {
 public:
     void checkCommand(const QString& name, bool checked) override { checkedCommands[name] = checked; }
-    void showView(const QString& name) override { views.append(name); }
+    bool showView(const QString& name) override
+    {
+        views.append(name);
+        return true;
+    }
     QHash<QString, bool> checkedCommands;
     QStringList views;
 };

@@ -3,7 +3,7 @@
 #include "support/Registry.h"
 #include "vault/ui/VaultWindows.h"
 
-#include "vault/ui/OpenVault.h"
+#include "vault/ui/VaultView.h"
 #include "vault/ui/frmPasswordChange.h"
 
 #include <QLabel>
