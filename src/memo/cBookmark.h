@@ -2,18 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QDateTime>
-#include <QString>
+#include "archive/ElementRecord.h"
 
-class Archive;
-
-// The record of one bookmark; the only place that reads and writes rows of tab_bookmark one by one. The program has
-// one, reused for each bookmark that is opened. Fields are plain, nothing validates them. Each method opens the
-// archive for itself.
-class cBookmark {
-public:
-    explicit cBookmark(Archive& archive) : m_archive(archive) { }
-
+struct BookmarkFields {
     qint32 BookmarkID = 0;
     qint32 CategoryID = 0;
     QString BookmarkName;
@@ -22,19 +13,17 @@ public:
     QString BookmarkLink; // a URL or a path
     QDateTime BookmarkDateIn;
     QDateTime BookmarkDateLastMod;
+};
 
-    // Reads row BookmarkID. True also when there is no such row: the fields stay as they are then. An error gives
-    // false, without a message: lastError() has it.
-    bool Load();
-    // Inserts a row, both dates now, and sets BookmarkID to its key. An error is shown and gives false.
-    bool Save();
-    // Writes row BookmarkID, its last date now. An error, also that the row is gone, gives false, without a message:
-    // lastError() has it.
-    bool Update();
+// The record of one bookmark; the only place that reads and writes rows of tab_bookmark one by one. The program has
+// one, reused for each bookmark that is opened.
+class cBookmark final : public ElementRecord, public BookmarkFields {
+public:
+    explicit cBookmark(Archive& archive) : ElementRecord(archive, QStringLiteral("bookmark")) { }
 
-    const QString& lastError() const { return m_lastError; }
-
-private:
-    Archive& m_archive;
-    QString m_lastError;
+    qint32& key() override { return BookmarkID; }
+    void clear() override { static_cast<BookmarkFields&>(*this) = {}; }
+    bool Load() override;
+    bool Save() override;
+    bool Update() override;
 };

@@ -4,53 +4,46 @@
 
 #include "archive/Archive.h"
 #include "archive/ErrorTrap.h"
+#include "archive/SqlText.h"
 #include "desktop/Clock.h"
-#include "tasks/cAlarmQueue.h"
 #include "tasks/modToDo.h"
 
 #include <tuple>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-jet::LocalMoment moment(const QDateTime& time)
+jet::LocalMoment presentMoment(const Archive& archive)
 {
-    return {time.date(), time.time()};
+    const QDateTime now = archive.clock().now();
+    return {now.date(), now.time()};
+}
+
+// All rows are read before the first window opens: an answer must find the archive free to write to.
+QList<qint32> dueToDos(Archive& archive)
+{
+    QList<qint32> due;
+    ArchiveUnit unit(archive);
+    jet::Recordset rows =
+        unit.Open(u"SELECT * FROM tab_ToDo WHERE tab_ToDo.alarmOn <> 0  AND  tab_ToDo.alarmDate < #%1# "_s.arg(
+            sqlDateTime(presentMoment(archive))));
+    for (; !rows.eof(); rows.moveNext())
+        due.append(qint32(rows.integer(u"todoID"_s)));
+    return due;
 }
 
 } // namespace
 
-void cAlarm::Alarm()
-{
-    QList<qint32> due;
-    QString error;
-    // All rows are read before the first window opens: an answer must find the archive free to write to.
-    const bool done = keepError(error, [&] {
-        ArchiveUnit unit(m_archive);
-        jet::Recordset rows =
-            unit.Open(u"SELECT * FROM tab_ToDo WHERE tab_ToDo.alarmOn <> 0  AND  tab_ToDo.alarmDate < #"_s +
-                      sqlDateTime(moment(m_archive.clock().now())) + u"# "_s);
-        if (rows.eof())
-            return;
-        for (const int key = rows.index(u"todoID"_s); !rows.eof(); rows.moveNext())
-            due.append(qint32(rows.integer(key)));
-    });
-    if (done)
-        m_queue.setDue(due);
-    else
-        m_queue.checkFailed(error);
-}
-
 std::optional<AlarmRow> readAlarm(Archive& archive, qint32 todoID)
 {
     ArchiveUnit unit(archive);
-    const jet::Recordset row =
-        unit.Open(u" SELECT * FROM tab_ToDo WHERE tab_ToDo.todoID = "_s + QString::number(todoID) + u" "_s);
+    const jet::Recordset row = unit.Open(u" SELECT * FROM tab_ToDo WHERE tab_ToDo.todoID = %1 "_s.arg(todoID));
     if (row.eof())
         return std::nullopt;
     AlarmRow alarm{row.text(u"name"_s), row.moment(row.index(u"alarmDate"_s)), false};
-    const jet::LocalMoment now = moment(archive.clock().now());
+    const jet::LocalMoment now = presentMoment(archive);
     alarm.isDue =
         row.boolean(u"alarmOn"_s) && std::tie(alarm.moment.date, alarm.moment.time) <= std::tie(now.date, now.time);
     return alarm;
@@ -58,9 +51,69 @@ std::optional<AlarmRow> readAlarm(Archive& archive, qint32 todoID)
 
 void UpdateAlarm(Archive& archive, qint32 todoID, const std::optional<jet::LocalMoment>& next)
 {
-    ArchiveUnit unit(archive);
     UpdateText columns(u"tab_ToDo"_s);
     columns.set(u"tab_todo.alarmOn"_s, next ? 1 : 0);
     columns.setDate(u"tab_todo.alarmDate"_s, next ? sqlDateTime(*next) : QString());
-    updateToDoRow(unit, todoID, columns, archive.clock().now());
+    updateToDoRow(archive, todoID, columns);
+}
+
+cAlarmQueue::cAlarmQueue(AlarmForms& forms, Questions& questions, std::function<void()> onAlert)
+    : m_forms(forms), m_questions(questions), m_onAlert(std::move(onAlert))
+{
+}
+
+void cAlarmQueue::setDue(const QList<qint32>& todoIDs)
+{
+    m_lastFailure.clear();
+    const QSet<qint32> due(todoIDs.begin(), todoIDs.end());
+    m_waiting.removeIf([&](qint32 id) { return !due.contains(id) || m_forms.isOpen(id); });
+    const QSet<qint32> known(m_waiting.begin(), m_waiting.end());
+    for (const qint32 id : todoIDs)
+        if (!known.contains(id) && !m_forms.isOpen(id))
+            m_waiting.append(id);
+}
+
+void cAlarmQueue::checkFailed(const QString& description)
+{
+    if (std::exchange(m_lastFailure, description) != description)
+        reportError(m_questions, u"Alarm"_s, description);
+}
+
+bool cAlarmQueue::openNext()
+{
+    while (!m_waiting.isEmpty() && m_forms.hasRoom()) {
+        const qint32 id = m_waiting.takeFirst();
+        if (m_forms.isOpen(id))
+            continue;
+        QString error;
+        bool isShown = false;
+        keepError(error, [&] { isShown = m_forms.open(id); });
+        if (isShown) {
+            m_onAlert();
+            return true;
+        }
+        if (error.isEmpty() || m_toldErrors.contains(error))
+            continue;
+        m_toldErrors.insert(error);
+        reportError(m_questions, u"ShowAlert"_s, error);
+        return true; // others worked while the message was up
+    }
+    return false;
+}
+
+void cAlarmQueue::clear()
+{
+    m_waiting.clear();
+    m_toldErrors.clear();
+    m_lastFailure.clear();
+}
+
+void cAlarm::Alarm()
+{
+    QList<qint32> due;
+    QString error;
+    if (keepError(error, [&] { due = dueToDos(m_archive); }))
+        m_queue.setDue(due);
+    else
+        m_queue.checkFailed(error);
 }

@@ -2,21 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "jet/Value.h"
+#include "archive/ElementRecord.h"
 
-#include <QDateTime>
-#include <QString>
-
-class Archive;
-
-// The record of one to-do; the only place that reads and writes whole rows of tab_todo. Fields are plain, nothing
-// validates them, and no rule ties status, percentage and the done flag. Days and the alarm are held without a time
-// zone: an alarm in the hour that a change to summer time skips is kept as it is. Each method opens the archive for
-// itself.
-class cToDo {
-public:
-    explicit cToDo(Archive& archive) : m_archive(archive) { }
-
+// Days and the alarm are held without a time zone: an alarm in the hour that a change to summer time skips is kept as
+// it is.
+struct ToDoFields {
     qint32 ToDoID = 0;
     qint32 CategoryID = 0;
     QString ToDoName;
@@ -33,20 +23,18 @@ public:
     QString Resources;
     bool AlarmOn = false;
     bool Done = false;
+};
 
-    // Reads row ToDoID. True also when there is no such row: the fields stay as they are then. An error gives false,
-    // without a message: lastError() has it.
-    bool Load();
-    // Inserts a row, both dates now, and sets ToDoID to its key. An error is shown and gives false.
-    bool Save();
-    // Writes row ToDoID, its last date now. An error, also that the row is gone, gives false, without a message:
-    // lastError() has it.
-    bool Update();
+// The record of one to-do; the only place that reads and writes whole rows of tab_todo. No rule ties status,
+// percentage and the done flag.
+class cToDo final : public ElementRecord, public ToDoFields {
+public:
+    explicit cToDo(Archive& archive) : ElementRecord(archive, QStringLiteral("to-do")) { }
+
+    qint32& key() override { return ToDoID; }
+    void clear() override { static_cast<ToDoFields&>(*this) = {}; }
+    bool Load() override;
+    bool Save() override;
+    bool Update() override;
     qint32 GetToDoCount(); // 0 on an error, without a message
-
-    const QString& lastError() const { return m_lastError; }
-
-private:
-    Archive& m_archive;
-    QString m_lastError;
 };

@@ -3,7 +3,6 @@
 #include "tasks/modToDo.h"
 
 #include "archive/Archive.h"
-#include "archive/ErrorTrap.h"
 #include "desktop/Clock.h"
 
 #include <array>
@@ -35,6 +34,13 @@ QString changeMoment(const QDateTime& now)
     return now.toString(u"yyyy-MM-dd HH:mm:ss");
 }
 
+qint64 storedPriority(Archive& archive, qint32 todoID)
+{
+    ArchiveUnit unit(archive);
+    const jet::Recordset row = unit.Open(u" SELECT * FROM tab_todo  WHERE todoID = %1 "_s.arg(todoID));
+    return row.eof() ? 0 : row.integer(u"priority"_s); // 0 for Null
+}
+
 } // namespace
 
 QString priorityText(int code)
@@ -57,37 +63,29 @@ QString statusImage(int code)
     return imageOf(statusText(code));
 }
 
-void updateToDoRow(ArchiveUnit& unit, qint32 todoID, UpdateText columns, const QDateTime& now)
+QString toDoUpdate(UpdateText columns, qint32 todoID, const QDateTime& now)
 {
     columns.set(u"tab_ToDo.dateLastMod"_s, changeMoment(now));
-    if (unit.Execute(columns.where(u"tab_ToDo.ToDoID"_s, todoID, u"  "_s)) == 0) // another program deleted it
-        throw std::runtime_error("The to-do is no longer in the archive.");
+    return columns.where(u"tab_ToDo.ToDoID"_s, todoID, u"  "_s);
 }
 
-bool markToDoDone(Archive& archive, qint32 todoID, bool done, QString& error)
+void updateToDoRow(Archive& archive, qint32 todoID, const UpdateText& columns)
 {
-    return keepError(error, [&] {
-        ArchiveUnit unit(archive);
-        updateToDoRow(unit, todoID, UpdateText(u"tab_ToDo"_s).setFlag(u"tab_todo.done"_s, done), archive.clock().now());
-    });
+    if (ArchiveUnit(archive).Execute(toDoUpdate(columns, todoID, archive.clock().now())) == 0)
+        throw std::runtime_error("The to-do is no longer in the archive."); // another program deleted it
 }
 
-bool changeToDoPriority(Archive& archive, qint32 todoID, bool raise, QString& error)
+void markToDoDone(Archive& archive, qint32 todoID, bool done)
 {
-    return keepError(error, [&] {
-        ArchiveUnit unit(archive);
-        qint64 priority = 0;
-        {
-            const jet::Recordset row =
-                unit.Open(u" SELECT * FROM tab_todo  WHERE todoID = "_s + QString::number(todoID) + u" "_s);
-            if (!row.eof())
-                priority = row.integer(u"priority"_s); // 0 for Null
-        }
-        if (raise && priority < PriorityUrgent)
-            ++priority;
-        else if (!raise && priority > PriorityLowest)
-            --priority;
-        updateToDoRow(unit, todoID, UpdateText(u"tab_ToDo"_s, u" ,  "_s).set(u"tab_todo.priority"_s, priority),
-                      archive.clock().now());
-    });
+    updateToDoRow(archive, todoID, UpdateText(u"tab_ToDo"_s).setFlag(u"tab_todo.done"_s, done));
+}
+
+void changeToDoPriority(Archive& archive, qint32 todoID, bool raise)
+{
+    qint64 priority = storedPriority(archive, todoID);
+    if (raise && priority < PriorityUrgent)
+        ++priority;
+    else if (!raise && priority > PriorityLowest)
+        --priority;
+    updateToDoRow(archive, todoID, UpdateText(u"tab_ToDo"_s, u" ,  "_s).set(u"tab_todo.priority"_s, priority));
 }

@@ -4,10 +4,7 @@
 
 #include "archive/SqlText.h"
 
-#include <QString>
-
 class Archive;
-class ArchiveUnit;
 
 // What all that works with to-dos shares: the codes and the writers of single columns.
 
@@ -23,14 +20,17 @@ QString statusText(int code);
 QString priorityImage(int code);
 QString statusImage(int code);
 
-// Writes the flag and the moment of the change; status and percentage stay. On an error false, without a message:
-// `error` has the text then. A to-do that is no longer in the archive is an error.
-bool markToDoDone(Archive& archive, qint32 todoID, bool done, QString& error);
+// The rest throws when the archive cannot be written or no longer has the to-do.
+
+// Writes the flag and the moment of the change; status and percentage stay.
+void markToDoDone(Archive& archive, qint32 todoID, bool done);
 
 // One step of priority up or down, within "Lowest" and "Urgent"; none is raised to "Lowest". The moment of the change
-// is written even if there was no room to move. Errors as above.
-bool changeToDoPriority(Archive& archive, qint32 todoID, bool raise, QString& error);
+// is written even if there was no room to move.
+void changeToDoPriority(Archive& archive, qint32 todoID, bool raise);
 
-// Sets columns of one row and stamps the change with `now`. Throws when the archive cannot be written or no longer has
-// the row.
-void updateToDoRow(ArchiveUnit& unit, qint32 todoID, UpdateText columns, const QDateTime& now);
+// Sets columns of one row, and the moment of the change.
+void updateToDoRow(Archive& archive, qint32 todoID, const UpdateText& columns);
+
+// The statement behind it.
+QString toDoUpdate(UpdateText columns, qint32 todoID, const QDateTime& now);

@@ -22,7 +22,7 @@ namespace {
 
 } // namespace
 
-cPassword::cPassword(Archive& archive, modPassword& vault) : m_archive(archive), m_vault(vault) { }
+cPassword::cPassword(Archive& archive, modPassword& vault) : ElementRecord(archive, u"account"_s), m_vault(vault) { }
 
 cPassword::~cPassword()
 {

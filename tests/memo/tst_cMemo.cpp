@@ -3,7 +3,7 @@
 #include "support/CoreSupport.h"
 #include "support/Registry.h"
 
-#include "memo/TextFile.h"
+#include "desktop/TextFile.h"
 #include "memo/cMemo.h"
 
 #include <QtTest>

@@ -3,9 +3,7 @@
 #include "support/Registry.h"
 #include "tasks/AlarmFixture.h"
 
-#include "archive/ErrorTrap.h"
 #include "tasks/cAlarm.h"
-#include "tasks/cAlarmQueue.h"
 #include "tasks/modSound.h"
 
 #include <QtTest>
@@ -20,10 +18,10 @@ public:
     explicit FakeForms(Archive& archive) : m_archive(archive) { }
     bool isOpen(qint32 id) const override { return opened.contains(id); }
     bool hasRoom() const override { return opened.size() < room; }
-    bool open(qint32 id, QString& error) override
+    bool open(qint32 id) override
     {
-        std::optional<AlarmRow> row;
-        if (!keepError(error, [&] { row = readAlarm(m_archive, id); }) || !row || !row->isDue)
+        const std::optional<AlarmRow> row = readAlarm(m_archive, id);
+        if (!row || !row->isDue)
             return false;
         opened.append(id);
         seen.append(id);

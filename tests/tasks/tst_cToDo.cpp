@@ -164,9 +164,8 @@ void tst_cToDo::datesAreStamped()
         f.clock.moment = QDateTime(QDate(2027, 2, 1), QTime(13, 0, 9));
         QVERIFY(todo.Update());
         QCOMPARE(f.column("dateLastMod"), u"2027-02-01 13:00:09"_s);
-        QString error;
         f.clock.moment = QDateTime(QDate(2027, 2, 1), QTime(13, 1));
-        QVERIFY(changeToDoPriority(f.archive, todo.ToDoID, true, error)); // at the top already: stamped all the same
+        changeToDoPriority(f.archive, todo.ToDoID, true); // at the top already: stamped all the same
         QCOMPARE(f.column("dateLastMod"), u"2027-02-01 13:01:00"_s);
         QVERIFY(todo.Load());
         QCOMPARE(todo.ToDoDateIn, QDateTime(QDate(2026, 3, 4), QTime(9, 5)));
@@ -204,7 +203,6 @@ void tst_cToDo::statements()
     cToDo todo(f.archive);
     todo.CategoryID = f.category;
     todo.ToDoName = u"O'Hara"_s;
-    QString error;
     QVERIFY(todo.Save() && todo.Load() && todo.Update());
     todo.StartDate = todo.DueDate = QDate(2024, 3, 7);
     todo.EndDate = QDate(2024, 11, 12);
@@ -216,8 +214,9 @@ void tst_cToDo::statements()
     todo.Resources = todo.ToDoDescription = u"'d"_s;
     QVERIFY(todo.Update());
     QCOMPARE(todo.GetToDoCount(), 1);
-    QVERIFY(markToDoDone(f.archive, 1, true, error) && markToDoDone(f.archive, 1, false, error));
-    QVERIFY(changeToDoPriority(f.archive, 1, false, error));
+    markToDoDone(f.archive, 1, true);
+    markToDoDone(f.archive, 1, false);
+    changeToDoPriority(f.archive, 1, false);
     const QString head =
         u"UPDATE tab_ToDo SET tab_todo.categoryID = %1 , tab_todo.name = 'O''Hara' , "_s.arg(f.category);
     const QString end = u"tab_ToDo.dateLastMod = '2026-03-04 09:05:00'  WHERE (tab_ToDo.ToDoID = 1 ) "_s;
@@ -266,12 +265,8 @@ void tst_cToDo::nullsAndMissingRows()
     QCOMPARE(gone.lastError(), u"The to-do is no longer in the archive."_s);
     QVERIFY(todo.Load());
     QVERIFY(todo.lastError().isEmpty());
-    QString error;
-    QVERIFY(!markToDoDone(f.archive, 77, true, error));
-    QCOMPARE(error, gone.lastError());
-    error.clear();
-    QVERIFY(!changeToDoPriority(f.archive, 77, true, error));
-    QCOMPARE(error, gone.lastError());
+    QVERIFY_THROWS_EXCEPTION(std::exception, markToDoDone(f.archive, 77, true));
+    QVERIFY_THROWS_EXCEPTION(std::exception, changeToDoPriority(f.archive, 77, true));
 }
 
 void tst_cToDo::priorityStaysWithinItsEnds()
@@ -285,11 +280,10 @@ void tst_cToDo::priorityStaysWithinItsEnds()
     };
     ToDoFixture f;
     QVERIFY(sample(f).Save());
-    QString error;
     for (const Row& row : rows) {
         for (const bool raise : {true, false}) {
             f.run(u"UPDATE tab_todo SET tab_todo.priority = %1 WHERE (tab_todo.todoID = 1)"_s.arg(row.before));
-            QVERIFY2(changeToDoPriority(f.archive, 1, raise, error), qPrintable(error));
+            changeToDoPriority(f.archive, 1, raise);
             QCOMPARE(f.column("priority"), raise ? row.raised : row.lowered);
         }
     }
@@ -302,9 +296,8 @@ void tst_cToDo::doneChangesNothingElse()
     QVERIFY(todo.Save());
     cToDo other = sample(f);
     QVERIFY(other.Save());
-    QString error;
     for (const bool done : {true, true, false}) {
-        QVERIFY2(markToDoDone(f.archive, todo.ToDoID, done, error), qPrintable(error));
+        markToDoDone(f.archive, todo.ToDoID, done);
         cToDo read(f.archive);
         read.ToDoID = todo.ToDoID;
         QVERIFY(read.Load());
@@ -338,13 +331,10 @@ void tst_cToDo::failuresSayWhatTheyShould()
 
     const QString path = f.scratch.path(u"missing.SVA"_s);
     f.archive.setPath(path);
-    QString error;
     QVERIFY(!todo.Load()); // no message, but the text is there
     QVERIFY(todo.lastError().contains("missing.SVA"_L1));
     QVERIFY(!todo.Update());
-    QVERIFY(!markToDoDone(f.archive, 1, true, error) && error.contains("missing.SVA"_L1));
-    error.clear();
-    QVERIFY(!changeToDoPriority(f.archive, 1, true, error) && error.contains("missing.SVA"_L1));
+    QVERIFY_THROWS_EXCEPTION(std::exception, changeToDoPriority(f.archive, 1, true));
     QCOMPARE(todo.GetToDoCount(), 0);
     QVERIFY(!QFile::exists(path));
 }

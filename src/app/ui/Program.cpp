@@ -17,7 +17,7 @@
 #include "desktop/ui/QtShell.h"
 #include "desktop/ui/QtSound.h"
 #include "desktop/ui/QtTermination.h"
-#include "tasks/ui/TrayPictures.h"
+#include "tasks/ui/TaskPictures.h"
 #include "ui/widgets/Icons.h"
 
 #include <QApplication>

@@ -13,7 +13,7 @@
 #include "desktop/Desktop.h"
 #include "desktop/Questions.h"
 #include "jet/Maintenance.h"
-#include "tasks/ui/AlarmWindows.h"
+#include "tasks/ui/frmAlarm.h"
 #include "ui/widgets/Icons.h"
 
 #include <QAction>

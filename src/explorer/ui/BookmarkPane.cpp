@@ -51,7 +51,7 @@ qint32& BookmarkPane::idToEdit()
 void BookmarkPane::showEditor(QWidget& window)
 {
     const ExplorerContext& c = context();
-    frmBookmark editor({c.archive, c.desktop, c.viewFilter, c.bookmark, listener()}, &window);
+    frmBookmark editor({c.archive, c.desktop, c.viewFilter, listener()}, c.bookmark, &window);
     if (editor.Form_Load())
         editor.exec();
 }

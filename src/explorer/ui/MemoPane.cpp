@@ -45,7 +45,7 @@ qint32& MemoPane::idToEdit()
 void MemoPane::showEditor(QWidget& window)
 {
     const ExplorerContext& c = context();
-    frmSnipVale editor({c.archive, c.desktop, c.viewFilter, c.memo, listener()}, &window);
+    frmSnipVale editor({c.archive, c.desktop, c.viewFilter, listener()}, c.memo, &window);
     if (editor.Form_Load())
         editor.exec();
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/ui/ReportIcons.h"
 
-#include "tasks/ui/ToDoIcons.h"
+#include "tasks/ui/TaskPictures.h"
 #include "ui/widgets/Icons.h"
 
 #include <QHash>

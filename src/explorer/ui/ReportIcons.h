@@ -6,5 +6,5 @@
 #include <QString>
 
 // The picture behind a key of the lists and the due-date tree: "memo", "bookmark", "todo", "alarm", and the keys of
-// tasks/ToDoIcons.h. Null for any other key.
+// tasks/ui/TaskPictures.h. Null for any other key.
 QIcon reportIcon(const QString& key);

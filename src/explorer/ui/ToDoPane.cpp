@@ -7,7 +7,6 @@
 #include "archive/cCategory.h"
 #include "archive/cViewFilter.h"
 #include "explorer/ui/ToDoListModel.h"
-#include "memo/TextFile.h"
 #include "tasks/modToDo.h"
 #include "tasks/ui/frmToDo.h"
 
@@ -63,16 +62,15 @@ qint32& ToDoPane::idToEdit()
 void ToDoPane::showEditor(QWidget& window)
 {
     const ExplorerContext& c = context();
-    frmToDo editor({c.archive, c.desktop, c.viewFilter, listener(), readTextFile}, &window);
+    frmToDo editor({c.archive, c.desktop, c.viewFilter, listener()}, &window);
     if (editor.Form_Load())
         editor.exec();
 }
 
 void ToDoPane::markDone(qint32 id, bool done)
 {
-    QString error;
-    if (!markToDoDone(context().archive, id, done, error))
-        reportError(context().archive.questions(), u"lvwToDo_ItemCheck"_s, error);
+    trapErrors(context().archive.questions(), u"lvwToDo_ItemCheck"_s,
+               [&] { markToDoDone(context().archive, id, done); });
     refill();
 }
 
@@ -91,9 +89,8 @@ void ToDoPane::changePriority(const QString& routine, bool raise)
     const qint32 id = selectedId();
     if (id == 0)
         return;
-    QString error;
-    if (changeToDoPriority(context().archive, id, raise, error))
+    trapErrors(context().archive.questions(), routine, [&] {
+        changeToDoPriority(context().archive, id, raise);
         refill();
-    else
-        reportError(context().archive.questions(), routine, error);
+    });
 }

@@ -4,113 +4,57 @@
 
 #include "archive/Archive.h"
 #include "archive/Element.h"
-#include "archive/ElementQuestions.h"
 #include "archive/ErrorTrap.h"
 #include "archive/cViewFilter.h"
 #include "desktop/Desktop.h"
-#include "desktop/Questions.h"
 #include "desktop/TextForms.h"
 #include "memo/cBookmark.h"
 #include "ui/widgets/Icons.h"
+#include "ui/widgets/RawText.h"
 #include "ui_frmBookmark.h"
-
-#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
-frmBookmark::frmBookmark(const BookmarkContext& context, QWidget* parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::frmBookmark>()), m_context(context)
+frmBookmark::frmBookmark(const EditorContext& context, cBookmark& bookmark, QWidget* parent)
+    : ElementEditor(context.archive, context.viewFilter.EditingModeBookmarkID, parent),
+      m_ui(std::make_unique<Ui::frmBookmark>()), m_context(context), m_bookmark(bookmark)
 {
     m_ui->setupUi(this);
     m_ui->cmdGo->setIcon(themedIcon(u"internet-services"_s));
+    wireButtons(m_ui->cmdOK, m_ui->cmdApply, m_ui->cmdClose, Cancel::Closes);
+    connect(m_ui->txtName, &QLineEdit::returnPressed, this, &frmBookmark::cmdOK_Click);
+    connect(m_ui->txtLink, &QLineEdit::textChanged, this, &frmBookmark::updateVisitButton);
+    connect(m_ui->cmdGo, &QPushButton::clicked, this, &frmBookmark::VisitBookmark);
 }
 
 frmBookmark::~frmBookmark() = default;
 
-bool frmBookmark::Form_Load()
+ElementRecord& frmBookmark::record()
 {
-    clearRecord();
-    const bool isNew = m_context.viewFilter.EditingModeBookmarkID == 0;
-    if (isNew)
-        m_context.bookmark.CategoryID = m_context.listener.selectedCategory();
-    else if (!loadRecord())
-        return false;
-    showRecord();
+    return m_bookmark;
+}
+
+void frmBookmark::startNew()
+{
+    m_bookmark.clear();
+    m_bookmark.CategoryID = m_context.listener.selectedCategory();
+}
+
+void frmBookmark::showRecord(bool isNew)
+{
+    m_ui->txtName->setText(m_bookmark.BookmarkName);
+    m_ui->txtKeywords->setText(m_bookmark.BookmarkKeywords);
+    m_ui->txtDescription->setPlainText(m_bookmark.BookmarkDescription);
+    m_ui->txtLink->setText(m_bookmark.BookmarkLink);
+    m_ui->lblCreationDate->setText(shortMoment(m_bookmark.BookmarkDateIn));
     m_ui->layFields->setRowVisible(m_ui->lblCreationDate, !isNew);
     updateVisitButton();
-    wireFields(); // from here on a change is the user's
-    m_ui->cmdApply->setEnabled(false);
-    m_ui->txtName->setFocus();
-    return true;
-}
-
-// The record is shared by all editors of bookmarks, and Load leaves a field alone where the row has nothing to say:
-// none of the bookmark before may stay.
-void frmBookmark::clearRecord()
-{
-    cBookmark& bookmark = m_context.bookmark;
-    bookmark.BookmarkID = m_context.viewFilter.EditingModeBookmarkID;
-    bookmark.CategoryID = 0;
-    for (QString* field :
-         {&bookmark.BookmarkName, &bookmark.BookmarkKeywords, &bookmark.BookmarkDescription, &bookmark.BookmarkLink})
-        field->clear();
-    bookmark.BookmarkDateIn = bookmark.BookmarkDateLastMod = QDateTime();
-}
-
-bool frmBookmark::loadRecord()
-{
-    cBookmark& bookmark = m_context.bookmark;
-    if (!bookmark.Load()) {
-        reportError(m_context.archive.questions(), u"Load"_s, bookmark.lastError());
-        return false;
-    }
-    if (bookmark.CategoryID == 0) {
-        reportError(m_context.archive.questions(), u"Load"_s, u"The bookmark is no longer in the archive."_s);
-        return false;
-    }
-    return true;
-}
-
-void frmBookmark::showRecord()
-{
-    const cBookmark& bookmark = m_context.bookmark;
-    m_ui->txtName->setText(bookmark.BookmarkName);
-    m_ui->txtKeywords->setText(bookmark.BookmarkKeywords);
-    m_ui->txtDescription->setPlainText(bookmark.BookmarkDescription);
-    m_ui->txtLink->setText(bookmark.BookmarkLink);
-    for (QLineEdit* box : {m_ui->txtName, m_ui->txtKeywords, m_ui->txtLink})
+    for (QLineEdit* box : {m_ui->txtName, m_ui->txtKeywords, m_ui->txtLink}) {
         box->setCursorPosition(0); // a long text shows its beginning
-    m_shownDescription = description();
-    const QDateTime& created = bookmark.BookmarkDateIn;
-    m_ui->lblCreationDate->setText(shortMoment(created));
-}
-
-// The text as it stands in the box: toPlainText() would turn no-break spaces into plain ones.
-QString frmBookmark::description() const
-{
-    QString text = m_ui->txtDescription->document()->toRawText();
-    return text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
-}
-
-void frmBookmark::wireFields()
-{
-    for (QLineEdit* box : {m_ui->txtName, m_ui->txtKeywords, m_ui->txtLink})
-        connect(box, &QLineEdit::textChanged, this, &frmBookmark::markDirty);
-    connect(m_ui->txtDescription, &QPlainTextEdit::textChanged, this, &frmBookmark::markDirty);
-    connect(m_ui->txtLink, &QLineEdit::textChanged, this, &frmBookmark::updateVisitButton);
-    connect(m_ui->txtName, &QLineEdit::returnPressed, this, &frmBookmark::cmdOK_Click);
-    connect(m_ui->cmdGo, &QPushButton::clicked, this, &frmBookmark::VisitBookmark);
-    connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmBookmark::cmdOK_Click);
-    connect(m_ui->cmdApply, &QPushButton::clicked, this, &frmBookmark::save);
-    connect(m_ui->cmdClose, &QPushButton::clicked, this, [this] { QDialog::reject(); }); // says what it does
-    const auto* apply = new QShortcut(QKeySequence::Save, this);
-    connect(apply, &QShortcut::activated, m_ui->cmdApply, &QPushButton::click);
-}
-
-void frmBookmark::markDirty()
-{
-    m_isDirty = true;
-    m_ui->cmdApply->setEnabled(true);
+        watch(box, &QLineEdit::textChanged);
+    }
+    watch(m_ui->txtDescription, &QPlainTextEdit::textChanged);
+    m_ui->txtName->setFocus();
 }
 
 void frmBookmark::updateVisitButton()
@@ -120,61 +64,24 @@ void frmBookmark::updateVisitButton()
 
 bool frmBookmark::transfer()
 {
-    if (m_ui->txtName->text().trimmed().isEmpty()) {
-        m_context.archive.questions().ask(u"Please choose a name!"_s, MessageStyle::Information);
-        m_ui->txtName->setFocus();
+    if (isMissing(m_ui->txtName->text().trimmed(), m_ui->txtName, u"Please choose a name!"_s))
         return false;
-    }
-    cBookmark& bookmark = m_context.bookmark;
-    bookmark.BookmarkName = m_ui->txtName->text();
-    bookmark.BookmarkKeywords = m_ui->txtKeywords->text();
-    bookmark.BookmarkLink = m_ui->txtLink->text();
-    // A description that was not edited keeps its line ends.
-    if (const QString text = description(); text != m_shownDescription)
-        bookmark.BookmarkDescription = m_shownDescription = text;
+    m_bookmark.BookmarkName = m_ui->txtName->text();
+    m_bookmark.BookmarkKeywords = m_ui->txtKeywords->text();
+    m_bookmark.BookmarkLink = m_ui->txtLink->text();
+    if (isEdited(m_ui->txtDescription)) // one that was not keeps its line ends
+        m_bookmark.BookmarkDescription = rawText(*m_ui->txtDescription);
     return true;
 }
 
-bool frmBookmark::save()
+void frmBookmark::saved()
 {
-    if (!transfer())
-        return false;
-    cBookmark& bookmark = m_context.bookmark;
-    if (m_context.viewFilter.EditingModeBookmarkID != 0) {
-        if (!bookmark.Update()) {
-            // The record keeps silent about a failed update; the user must not.
-            reportError(m_context.archive.questions(), u"Update"_s, bookmark.lastError());
-            return false;
-        }
-    } else {
-        if (!bookmark.Save())
-            return false; // the message was shown; what was typed stays
-        m_context.viewFilter.EditingModeBookmarkID = bookmark.BookmarkID;
-    }
-    m_isDirty = false;
-    m_ui->cmdApply->setEnabled(false);
-    m_context.listener.elementSaved({ElementKind::Bookmark, bookmark.BookmarkID});
-    return true;
-}
-
-void frmBookmark::cmdOK_Click()
-{
-    if (save())
-        accept();
+    m_context.listener.elementSaved({ElementKind::Bookmark, m_bookmark.BookmarkID});
 }
 
 void frmBookmark::VisitBookmark()
 {
     const QString link = m_ui->txtLink->text();
-    if (link.isEmpty())
-        return;
-    trapErrors(m_context.archive.questions(), u"VisitBookmark"_s, [&] { m_context.desktop.shell.openLink(link); });
-}
-
-// Escape or the close box: perhaps by accident.
-void frmBookmark::reject()
-{
-    if (m_isDirty && !mayDropChanges(m_context.archive.questions()))
-        return;
-    QDialog::reject();
+    if (!link.isEmpty())
+        trapErrors(m_context.archive.questions(), u"VisitBookmark"_s, [&] { m_context.desktop.shell.openLink(link); });
 }

@@ -2,60 +2,33 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QDialog>
+#include "ui/widgets/ElementEditor.h"
+
 #include <memory>
 
-class Archive;
-class ElementListener;
 class cBookmark;
-class cViewFilter;
-struct Desktop;
 
 namespace Ui {
 class frmBookmark;
 }
 
-// What the bookmark editor works on and with. All outlive it.
-struct BookmarkContext {
-    Archive& archive;
-    const Desktop& desktop;
-    cViewFilter& viewFilter;
-    cBookmark& bookmark;
-    ElementListener& listener;
-};
-
 // Creates or edits one bookmark: the one whose identifier cViewFilter holds, or a new one when that is 0.
-class frmBookmark : public QDialog {
+class frmBookmark final : public ElementEditor {
     Q_OBJECT
 public:
-    frmBookmark(const BookmarkContext& context, QWidget* parent);
+    frmBookmark(const EditorContext& context, cBookmark& bookmark, QWidget* parent); // the record outlives it
     ~frmBookmark() override;
 
-    // Reads the bookmark and shows it. False when it cannot be read (the message was shown): do not show the window
-    // then, a save would write the fields of another bookmark.
-    bool Form_Load();
-
-    bool isDirty() const { return m_isDirty; }
-
-public slots:
-    void reject() override; // asks when there are unsaved changes
-
 private:
-    void clearRecord();
-    bool loadRecord();
-    void showRecord();
-    void wireFields();
-    QString description() const;
-    void markDirty();
+    ElementRecord& record() override;
+    void startNew() override;
+    void showRecord(bool isNew) override;
+    bool transfer() override;
+    void saved() override;
     void updateVisitButton();
-
-    bool transfer(); // validates, then controls to record
-    bool save();
-    void cmdOK_Click();
     void VisitBookmark();
 
     std::unique_ptr<Ui::frmBookmark> m_ui;
-    BookmarkContext m_context;
-    QString m_shownDescription; // as it was after loading
-    bool m_isDirty = false;
+    EditorContext m_context;
+    cBookmark& m_bookmark;
 };

@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "tasks/cAlarm.h"
+
 #include <QDialog>
+#include <QTimer>
 #include <memory>
 
-class Archive;
+class Sound;
 
 namespace Ui {
 class frmAlarm;
@@ -22,8 +25,8 @@ public:
 
     qint32 ToDoID = 0;
     // Reads the to-do and fills the form; does not show it. False when there is nothing to remind of (gone, stopped or
-    // set to a later moment), or on an error: `error` has its text then.
-    bool ShowAlert(QString& error);
+    // set to a later moment). Throws when the archive cannot be read.
+    bool ShowAlert();
     void setWaiting(qsizetype reminders); // how many have no pop-up yet for want of room
 
 private:
@@ -31,4 +34,38 @@ private:
 
     std::unique_ptr<Ui::frmAlarm> m_ui;
     Archive& m_archive;
+};
+
+// The pop-ups on the screen: a cascade of at most `most`, the rest waits. Both given objects outlive this one.
+class AlarmWindows final : public QObject, public AlarmForms {
+    Q_OBJECT
+public:
+    static constexpr int most = 8;
+
+    AlarmWindows(Archive& archive, Sound& sound, const QString& programFolder, QObject* parent);
+    ~AlarmWindows() override; // closes all
+
+    void check(); // a tick of the task timer; what is due opens once the event loop is free
+    void closeAll(); // unanswered: another archive, or the end
+    qsizetype waiting() const { return m_queue.waiting(); }
+
+    // AlarmForms
+    bool isOpen(qint32 todoID) const override;
+    bool hasRoom() const override;
+    bool open(qint32 todoID) override;
+
+signals:
+    void answered(); // a row was changed by a pop-up
+    void pendingChanged(bool isPending); // a reminder waits for an answer, or none any more
+
+private:
+    void openNext();
+    void closed();
+    void showPending();
+    void place(frmAlarm& form) const;
+
+    Archive& m_archive;
+    cAlarmQueue m_queue;
+    QTimer m_next;
+    bool m_isPending = false;
 };

@@ -3,7 +3,7 @@
 #include "tasks/ui/frmSysTray.h"
 
 #include "archive/ErrorTrap.h"
-#include "tasks/ui/TrayPictures.h"
+#include "tasks/ui/TaskPictures.h"
 
 #include <QAction>
 #include <QApplication>

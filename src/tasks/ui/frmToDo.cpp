@@ -4,20 +4,22 @@
 
 #include "archive/Archive.h"
 #include "archive/Element.h"
-#include "archive/ElementQuestions.h"
 #include "archive/ErrorTrap.h"
 #include "archive/cViewFilter.h"
 #include "desktop/Clock.h"
 #include "desktop/Desktop.h"
-#include "desktop/Questions.h"
+#include "desktop/TextFile.h"
 #include "desktop/TextForms.h"
 #include "tasks/modToDo.h"
-#include "tasks/ui/ToDoIcons.h"
+#include "tasks/ui/TaskPictures.h"
+#include "ui/print/RichTextPrint.h"
+#include "ui/richtext/RichTextBar.h"
+#include "ui/richtext/RichTextBox.h"
 #include "ui/widgets/Icons.h"
 #include "ui/widgets/OptionalDate.h"
+#include "ui/widgets/RawText.h"
 #include "ui_frmToDo.h"
 
-#include <QShortcut>
 #include <cmath>
 #include <limits>
 #include <stdexcept>
@@ -25,13 +27,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// The text as it stands in a box: toPlainText() would turn no-break spaces into plain ones.
-QString textOf(const QPlainTextEdit& box)
-{
-    QString text = box.document()->toRawText();
-    return text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
-}
 
 // Halves go to the even neighbour. Throws when the column cannot hold the number.
 qint16 toShort(double number)
@@ -44,11 +39,13 @@ qint16 toShort(double number)
 
 } // namespace
 
-frmToDo::frmToDo(const ToDoContext& context, QWidget* parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::frmToDo>()), m_context(context), m_todo(context.archive)
+frmToDo::frmToDo(const EditorContext& context, QWidget* parent)
+    : ElementEditor(context.archive, context.viewFilter.EditingModeToDoID, parent),
+      m_ui(std::make_unique<Ui::frmToDo>()), m_context(context), m_todo(context.archive)
 {
     m_ui->setupUi(this);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
+    wireButtons(m_ui->cmdOK, nullptr, m_ui->cmdClose, Cancel::Closes);
     makeNoteBar();
     prepareControls();
 }
@@ -76,51 +73,76 @@ void frmToDo::prepareControls()
     m_ui->dtpAlarmHour->setTimeSpec(Qt::UTC);
     m_ui->dtpAlarmDay->setDisplayFormat(shortDayFormat());
     m_ui->dtpAlarmDay->setDateRange(m_ui->dtpStartDate->minimumDate(), m_ui->dtpStartDate->maximumDate());
-    fillLists();
-}
-
-void frmToDo::fillLists()
-{
     for (int code = 0; code <= PriorityUrgent; ++code)
         m_ui->cboPriority->addItem(toDoIcon(priorityImage(code)), priorityText(code), code);
     for (int code = 0; code <= StatusCancelled; ++code)
         m_ui->cboStatus->addItem(toDoIcon(statusImage(code)), statusText(code), code);
 }
 
-bool frmToDo::Form_Load()
+void frmToDo::makeNoteBar()
 {
-    const bool isNew = m_context.viewFilter.EditingModeToDoID == 0;
-    if (isNew)
-        m_todo.CategoryID = m_context.listener.selectedCategory();
-    else if (!loadRecord())
-        return false;
-    showRecord();
+    RichTextBox& notes = *m_ui->rtfDescription;
+    RichTextBar::Setup setup;
+    setup.keys = {u"New"_s,     u"Open"_s,       u"Save"_s,    u"Print"_s,       u"|"_s,      u"Cut"_s,
+                  u"Copy"_s,    u"Paste"_s,      u"|"_s,       u"Bold"_s,        u"Italic"_s, u"Underline"_s,
+                  u"|"_s,       u"Align Left"_s, u"Center"_s,  u"Align Right"_s, u"|"_s,      u"Color"_s,
+                  u"Numbers"_s, u"Bullets"_s,    u"Outdent"_s, u"Indent"_s};
+    setup.hidden = {u"New"_s, u"Save"_s, u"Numbers"_s}; // they do nothing
+    setup.icon = themedIcon;
+    auto* bar = new RichTextBar(notes, setup, this);
+    bar->setIconSize({16, 16});
+    m_ui->layDescription->insertWidget(0, bar);
+    bar->join(m_context.desktop, m_ui->txtName);
+    connect(bar, &RichTextBar::openRequested, this, &frmToDo::openNoteFile);
+    connect(bar, &RichTextBar::printRequested, this,
+            [this, &notes] { printRichText(*notes.document(), m_ui->txtName->text(), m_context.desktop, this); });
+    QList<QAction*> toggles;
+    for (const QString& key : {u"Bold"_s, u"Italic"_s, u"Underline"_s, u"Align Left"_s, u"Center"_s, u"Align Right"_s})
+        toggles.append(bar->command(key));
+    notes.addMenuActions(toggles);
+    connect(&notes, &RichTextBox::linkActivated, this, [this](const QString& address) {
+        if (isWebAddress(address))
+            trapErrors(m_context.archive.questions(), u"OpenLink"_s,
+                       [&] { m_context.desktop.shell.openLink(address); });
+    });
+}
+
+void frmToDo::openNoteFile()
+{
+    trapErrors(m_context.archive.questions(), u"OpenFile"_s, [&] {
+        if (const auto name = m_context.desktop.files.openFile(u"Apri "_s, u"All Files (*.*) |*.*"_s))
+            m_ui->rtfDescription->replaceText(readTextFile(*name));
+    });
+}
+
+void frmToDo::startNew()
+{
+    m_todo.CategoryID = m_context.listener.selectedCategory();
+}
+
+void frmToDo::showRecord(bool isNew)
+{
+    showDates();
     m_ui->lblCreationDate->setVisible(!isNew);
-    wireControls(); // from here on a change is the user's
+    m_ui->txtName->setText(m_todo.ToDoName);
+    m_ui->txtName->setCursorPosition(0); // a long name shows its beginning
+    m_ui->lblMessage->setText(m_todo.ToDoName.trimmed());
+    m_ui->rtfDescription->setRtf(m_todo.ToDoDescription);
+    m_ui->chkDone->setChecked(m_todo.Done);
+    m_ui->txtPercentComplete->setText(QString::number(m_todo.PercentComplete));
+    m_ui->txtResources->setPlainText(m_todo.Resources);
+    m_ui->cboPriority->setCurrentIndex(m_todo.Priority); // none for a code that is no entry
+    m_ui->cboStatus->setCurrentIndex(m_todo.Status);
+    wireControls();
     chkAlarm_Click();
     cboPriority_Click();
     txtPercentComplete_Change();
     paintState();
-    wireDirty();
+    watchControls();
     m_ui->txtName->setFocus();
-    return true;
 }
 
-bool frmToDo::loadRecord()
-{
-    m_todo.ToDoID = m_context.viewFilter.EditingModeToDoID;
-    if (!m_todo.Load()) {
-        reportError(m_context.archive.questions(), u"Load"_s, m_todo.lastError());
-        return false;
-    }
-    if (m_todo.CategoryID == 0) {
-        reportError(m_context.archive.questions(), u"Load"_s, u"The to-do is no longer in the archive."_s);
-        return false;
-    }
-    return true;
-}
-
-void frmToDo::showRecord()
+void frmToDo::showDates()
 {
     const QDateTime now = m_context.desktop.clock.now();
     for (const auto& [picker, date] :
@@ -133,18 +155,8 @@ void frmToDo::showRecord()
     m_ui->chkAlarm->setChecked(m_todo.AlarmOn);
     m_ui->dtpAlarmDay->setDate(hasAlarm ? m_todo.AlarmDate.date : now.date());
     m_ui->dtpAlarmHour->setTime(hasAlarm ? m_todo.AlarmDate.time : now.time());
-    m_ui->lblCreationDate->setText(u"Created: "_s + shortMoment(m_todo.ToDoDateIn) + u"  "_s + u"Last modified: "_s +
+    m_ui->lblCreationDate->setText(u"Created: "_s + shortMoment(m_todo.ToDoDateIn) + u"  Last modified: "_s +
                                    shortMoment(m_todo.ToDoDateLastMod));
-    m_ui->txtName->setText(m_todo.ToDoName);
-    m_ui->txtName->setCursorPosition(0); // a long name shows its beginning
-    m_ui->lblMessage->setText(m_todo.ToDoName.trimmed());
-    m_ui->rtfDescription->setRtf(m_todo.ToDoDescription);
-    m_ui->chkDone->setChecked(m_todo.Done);
-    m_ui->txtPercentComplete->setText(QString::number(m_todo.PercentComplete));
-    m_ui->txtResources->setPlainText(m_todo.Resources);
-    m_shownResources = textOf(*m_ui->txtResources);
-    m_ui->cboPriority->setCurrentIndex(m_todo.Priority); // none for a code that is no entry
-    m_ui->cboStatus->setCurrentIndex(m_todo.Status);
 }
 
 void frmToDo::wireControls()
@@ -153,7 +165,7 @@ void frmToDo::wireControls()
             [this](const QString& name) { m_ui->lblMessage->setText(name.trimmed()); });
     connect(m_ui->txtName, &QLineEdit::returnPressed, this, &frmToDo::cmdOK_Click);
     connect(m_ui->chkAlarm, &QCheckBox::toggled, this, &frmToDo::chkAlarm_Click);
-    connect(m_ui->chkDone, &QCheckBox::toggled, this, &frmToDo::chkDone_Click);
+    connect(m_ui->chkDone, &QCheckBox::toggled, this, &frmToDo::paintState);
     connect(m_ui->cboPriority, &QComboBox::currentIndexChanged, this, &frmToDo::cboPriority_Click);
     connect(m_ui->cboStatus, &QComboBox::currentIndexChanged, this, &frmToDo::cboStatus_Click);
     connect(m_ui->cboStatus, &QComboBox::activated, this, &frmToDo::cboStatus_Click); // the same one again counts
@@ -162,28 +174,24 @@ void frmToDo::wireControls()
             [this] { showPercent(percentUp(numberIn(m_ui->txtPercentComplete->text()))); });
     connect(m_ui->UpDownPercent, &ToDoUpDown::downClick, this,
             [this] { showPercent(percentDown(numberIn(m_ui->txtPercentComplete->text()))); });
-    connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmToDo::cmdOK_Click);
-    connect(m_ui->cmdClose, &QPushButton::clicked, this, [this] { QDialog::reject(); }); // says what it does
-    const auto* keep = new QShortcut(QKeySequence::Save, this); // as in the other editors
-    connect(keep, &QShortcut::activated, this, &frmToDo::save);
 }
 
-void frmToDo::wireDirty()
+void frmToDo::watchControls()
 {
-    for (QLineEdit* box : {m_ui->txtName, m_ui->txtPercentComplete})
-        connect(box, &QLineEdit::textChanged, this, &frmToDo::markDirty);
-    for (OptionalDate* picker : {m_ui->dtpStartDate, m_ui->dtpDueDate, m_ui->dtpEndDate}) {
-        connect(picker, &OptionalDate::dateChanged, this, &frmToDo::markDirty);
-        connect(picker, &OptionalDate::toggled, this, &frmToDo::markDirty);
+    for (const QLineEdit* box : {m_ui->txtName, m_ui->txtPercentComplete})
+        watch(box, &QLineEdit::textChanged);
+    for (const OptionalDate* picker : {m_ui->dtpStartDate, m_ui->dtpDueDate, m_ui->dtpEndDate}) {
+        watch(picker, &OptionalDate::dateChanged);
+        watch(picker, &OptionalDate::toggled);
     }
-    for (QCheckBox* box : {m_ui->chkAlarm, m_ui->chkDone})
-        connect(box, &QCheckBox::toggled, this, &frmToDo::markDirty);
-    for (QComboBox* list : {m_ui->cboPriority, m_ui->cboStatus})
-        connect(list, &QComboBox::currentIndexChanged, this, &frmToDo::markDirty);
-    connect(m_ui->dtpAlarmDay, &QDateEdit::dateChanged, this, &frmToDo::markDirty);
-    connect(m_ui->dtpAlarmHour, &QTimeEdit::timeChanged, this, &frmToDo::markDirty);
-    connect(m_ui->txtResources, &QPlainTextEdit::textChanged, this, &frmToDo::markDirty);
-    connect(m_ui->rtfDescription, &RichTextBox::edited, this, &frmToDo::markDirty);
+    for (const QCheckBox* box : {m_ui->chkAlarm, m_ui->chkDone})
+        watch(box, &QCheckBox::toggled);
+    for (const QComboBox* list : {m_ui->cboPriority, m_ui->cboStatus})
+        watch(list, &QComboBox::currentIndexChanged);
+    watch(m_ui->dtpAlarmDay, &QDateEdit::dateChanged);
+    watch(m_ui->dtpAlarmHour, &QTimeEdit::timeChanged);
+    watch(m_ui->txtResources, &QPlainTextEdit::textChanged);
+    watch(m_ui->rtfDescription, &RichTextBox::edited);
 }
 
 void frmToDo::chkAlarm_Click()
@@ -204,11 +212,6 @@ void frmToDo::cboStatus_Click()
 {
     if (m_ui->cboStatus->currentData().toInt() == StatusCompleted)
         m_ui->txtPercentComplete->setText(u"100"_s);
-}
-
-void frmToDo::chkDone_Click()
-{
-    paintState();
 }
 
 // What is still to do stands out, in the desktop's accent colour.
@@ -241,11 +244,8 @@ bool frmToDo::transfer()
 {
     m_todo.Done = m_ui->chkDone->isChecked();
     const QString name = m_ui->txtName->text().trimmed();
-    if (name.isEmpty()) {
-        m_context.archive.questions().ask(u"Please choose a name!"_s, MessageStyle::Information);
-        m_ui->txtName->setFocus();
+    if (isMissing(name, m_ui->txtName, u"Please choose a name!"_s))
         return false;
-    }
     m_todo.ToDoName = name;
     m_todo.ToDoDescription = m_ui->rtfDescription->rtf();
     m_todo.PercentComplete = toShort(numberIn(m_ui->txtPercentComplete->text()));
@@ -258,9 +258,8 @@ bool frmToDo::transfer()
         m_todo.Priority = qint16(m_ui->cboPriority->currentData().toInt());
     if (m_ui->cboStatus->currentIndex() >= 0)
         m_todo.Status = qint16(m_ui->cboStatus->currentData().toInt());
-    // Resources that were not edited keep their line ends.
-    if (const QString resources = textOf(*m_ui->txtResources); resources != m_shownResources)
-        m_todo.Resources = m_shownResources = resources;
+    if (isEdited(m_ui->txtResources)) // what was not keeps its line ends
+        m_todo.Resources = rawText(*m_ui->txtResources);
     return true;
 }
 
@@ -274,42 +273,9 @@ void frmToDo::transferAlarm()
         m_todo.AlarmDate = {m_ui->dtpAlarmDay->date(), m_ui->dtpAlarmHour->time()};
 }
 
-bool frmToDo::save()
+void frmToDo::saved()
 {
-    bool saved = false;
-    trapErrors(m_context.archive.questions(), u"Save"_s, [&] {
-        if (!transfer())
-            return;
-        if (m_context.viewFilter.EditingModeToDoID != 0) {
-            m_todo.ToDoID = m_context.viewFilter.EditingModeToDoID;
-            // The record keeps silent about a failed update; the user must not.
-            if (!m_todo.Update())
-                throw std::runtime_error(m_todo.lastError().toStdString());
-        } else {
-            if (!m_todo.Save())
-                return; // the message was shown; what was typed stays
-            m_context.viewFilter.EditingModeToDoID = m_todo.ToDoID;
-        }
-        saved = true;
-        m_isDirty = false;
-    });
-    if (saved)
-        m_context.listener.elementSaved({ElementKind::ToDo, m_todo.ToDoID});
-    return saved;
-}
-
-void frmToDo::cmdOK_Click()
-{
-    if (save())
-        accept();
-}
-
-// Escape or the close box: perhaps by accident.
-void frmToDo::reject()
-{
-    if (m_isDirty && !mayDropChanges(m_context.archive.questions()))
-        return;
-    QDialog::reject();
+    m_context.listener.elementSaved({ElementKind::ToDo, m_todo.ToDoID});
 }
 
 void frmToDo::changeEvent(QEvent* event)

@@ -3,11 +3,9 @@
 #include "vault/ui/frmPassword.h"
 
 #include "archive/Archive.h"
-#include "archive/ElementQuestions.h"
 #include "archive/ErrorTrap.h"
 #include "archive/cViewFilter.h"
 #include "desktop/Desktop.h"
-#include "desktop/Questions.h"
 #include "desktop/SecretMemory.h"
 #include "desktop/TextForms.h"
 #include "ui/widgets/Icons.h"
@@ -23,10 +21,12 @@
 using namespace Qt::StringLiterals;
 
 frmPassword::frmPassword(const PasswordContext& context, QWidget* parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::frmPassword>()), m_context(context)
+    : ElementEditor(context.archive, context.viewFilter.EditingModePasswordID, parent),
+      m_ui(std::make_unique<Ui::frmPassword>()), m_context(context)
 {
     m_ui->setupUi(this);
     m_ui->cmdVisitURL->setIcon(themedIcon(u"internet-services"_s));
+    wireButtons(m_ui->cmdOK, nullptr, m_ui->cmdClose, Cancel::Asks);
     cmdShowPwd_Click(false);
     // Two boxes of free text: the notes are the larger one.
     m_ui->txtDescription->setFixedHeight(fontMetrics().lineSpacing() * 3 + m_ui->txtDescription->frameWidth() * 4);
@@ -36,14 +36,8 @@ frmPassword::~frmPassword() = default;
 
 bool frmPassword::Form_Load()
 {
-    if (!trapErrors(m_context.archive.questions(), u"LoadComboCategory"_s, [this] { LoadComboCategory(); }))
-        return false;
-    if (!loadRecord())
-        return false;
-    VisitPassword();
-    wireFields(); // from here on a change is the user's
-    m_ui->txtTitle->setFocus();
-    return true;
+    return trapErrors(m_context.archive.questions(), u"LoadComboCategory"_s, [this] { LoadComboCategory(); }) &&
+        ElementEditor::Form_Load();
 }
 
 void frmPassword::LoadComboCategory()
@@ -53,19 +47,23 @@ void frmPassword::LoadComboCategory()
         m_ui->cboCategory->addItem(row.name, row.id);
 }
 
-// The record is shared by all editors of accounts: none of the account before may stay.
-bool frmPassword::loadRecord()
+ElementRecord& frmPassword::record()
 {
-    cPassword& password = m_context.password;
-    password.clear();
-    password.PasswordID = m_context.viewFilter.EditingModePasswordID;
-    if (password.PasswordID == 0)
-        password.CategoryID = m_context.newCategoryID;
-    else if (!password.Load()) {
-        reportError(m_context.archive.questions(), u"Load"_s, password.lastError());
-        return false;
-    }
-    return true;
+    return m_context.password;
+}
+
+void frmPassword::startNew()
+{
+    m_context.password.clear();
+    m_context.password.CategoryID = m_context.newCategoryID;
+}
+
+void frmPassword::showRecord(bool)
+{
+    VisitPassword();
+    showDates();
+    wireControls();
+    m_ui->txtTitle->setFocus();
 }
 
 void frmPassword::VisitPassword()
@@ -81,7 +79,6 @@ void frmPassword::VisitPassword()
     m_ui->txtNotes->setPlainText(password.Notes);
     m_ui->cboCategory->setCurrentIndex(std::max(m_ui->cboCategory->findData(password.CategoryID), 0));
     m_ui->cmdVisitURL->setEnabled(!password.URL.isEmpty());
-    showDates();
 }
 
 void frmPassword::showDates()
@@ -95,20 +92,18 @@ void frmPassword::showDates()
     show(*m_ui->lblDateLastMod, u"Last Mod.: "_s, password.PwdDateLastMod);
 }
 
-void frmPassword::wireFields()
+void frmPassword::wireControls()
 {
-    for (QLineEdit* box : {m_ui->txtTitle, m_ui->txtUserName, m_ui->txtPassword, m_ui->txtURL})
-        connect(box, &QLineEdit::textChanged, this, [this, box] { m_edited.insert(box); });
-    for (QPlainTextEdit* box : {m_ui->txtDescription, m_ui->txtNotes})
-        connect(box, &QPlainTextEdit::textChanged, this, [this, box] { m_edited.insert(box); });
-    connect(m_ui->cboCategory, &QComboBox::currentIndexChanged, this, [this] { m_edited.insert(m_ui->cboCategory); });
+    for (const QLineEdit* box : {m_ui->txtTitle, m_ui->txtUserName, m_ui->txtPassword, m_ui->txtURL})
+        watch(box, &QLineEdit::textChanged);
+    for (const QPlainTextEdit* box : {m_ui->txtDescription, m_ui->txtNotes})
+        watch(box, &QPlainTextEdit::textChanged);
+    watch(m_ui->cboCategory, &QComboBox::currentIndexChanged);
     connect(m_ui->txtURL, &QLineEdit::textChanged, m_ui->cmdVisitURL,
             [this](const QString& url) { m_ui->cmdVisitURL->setEnabled(!url.isEmpty()); });
     connect(m_ui->cmdVisitURL, &QPushButton::clicked, this, &frmPassword::VisitURL);
     connect(m_ui->cmdShowPwd, &QPushButton::toggled, this, &frmPassword::cmdShowPwd_Click);
     connect(m_ui->cmdGenerate, &QPushButton::clicked, this, &frmPassword::cmdGenerate_Click);
-    connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmPassword::cmdOK_Click);
-    connect(m_ui->cmdClose, &QPushButton::clicked, this, &frmPassword::reject);
 }
 
 void frmPassword::cmdShowPwd_Click(bool show)
@@ -129,66 +124,33 @@ void frmPassword::cmdGenerate_Click()
     m_ui->txtPassword->setFocus();
 }
 
-bool frmPassword::isEmptyField(const QString& text, QWidget* box, const QString& message)
-{
-    if (!text.isEmpty())
-        return false;
-    m_context.archive.questions().ask(message, MessageStyle::Information);
-    box->setFocus();
-    return true;
-}
-
 bool frmPassword::transfer()
 {
     // Blanks are no title. A user name or a password may be of blanks.
-    if (isEmptyField(m_ui->txtTitle->text().trimmed(), m_ui->txtTitle, u"Please choose a title!"_s) ||
-        isEmptyField(m_ui->txtUserName->text(), m_ui->txtUserName, u"Please choose a UserName!"_s) ||
-        isEmptyField(m_ui->txtPassword->text(), m_ui->txtPassword, u"Please choose a password!"_s))
+    if (isMissing(m_ui->txtTitle->text().trimmed(), m_ui->txtTitle, u"Please choose a title!"_s) ||
+        isMissing(m_ui->txtUserName->text(), m_ui->txtUserName, u"Please choose a UserName!"_s) ||
+        isMissing(m_ui->txtPassword->text(), m_ui->txtPassword, u"Please choose a password!"_s))
         return false;
     cPassword& password = m_context.password;
     const std::pair<const QLineEdit*, QString*> lines[] = {{m_ui->txtTitle, &password.Title},
                                                            {m_ui->txtUserName, &password.UserName},
                                                            {m_ui->txtPassword, &password.Password},
                                                            {m_ui->txtURL, &password.URL}};
+    // What was not edited stays as it is stored, to the last character.
     for (const auto& [box, field] : lines)
-        if (m_edited.contains(box))
+        if (isEdited(box))
             *field = box->text();
     const std::pair<const QPlainTextEdit*, QString*> texts[] = {{m_ui->txtDescription, &password.Description},
                                                                 {m_ui->txtNotes, &password.Notes}};
     for (const auto& [box, field] : texts)
-        if (m_edited.contains(box))
+        if (isEdited(box))
             *field = rawText(*box);
     password.CategoryID = m_ui->cboCategory->currentData().toInt();
     return true;
-}
-
-void frmPassword::cmdOK_Click()
-{
-    if (!transfer())
-        return;
-    cPassword& password = m_context.password;
-    if (m_context.viewFilter.EditingModePasswordID == 0) {
-        if (!password.Save())
-            return; // the message was shown; what was typed stays
-        m_context.viewFilter.EditingModePasswordID = password.PasswordID;
-    } else if (!password.Update()) {
-        // The record keeps silent about a failed update; the user must not.
-        reportError(m_context.archive.questions(), u"Update"_s, password.lastError());
-        return;
-    }
-    m_edited.clear();
-    accept();
 }
 
 void frmPassword::VisitURL()
 {
     trapErrors(m_context.archive.questions(), u"VisitURL"_s,
                [&] { m_context.desktop.shell.openLink(m_ui->txtURL->text()); });
-}
-
-void frmPassword::reject()
-{
-    if (isDirty() && !mayDropChanges(m_context.archive.questions()))
-        return;
-    QDialog::reject();
 }

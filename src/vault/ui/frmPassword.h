@@ -2,14 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QDialog>
-#include <QSet>
+#include "ui/widgets/ElementEditor.h"
+
 #include <memory>
 
-class Archive;
 class cPassword;
-class cViewFilter;
-struct Desktop;
 
 namespace Ui {
 class frmPassword;
@@ -26,36 +23,29 @@ struct PasswordContext {
 
 // Creates or edits one account: the one whose identifier cViewFilter holds, or a new one when that is 0. The vault
 // must be unlocked.
-class frmPassword : public QDialog {
+class frmPassword final : public ElementEditor {
     Q_OBJECT
 public:
     frmPassword(const PasswordContext& context, QWidget* parent);
     ~frmPassword() override;
 
-    // Reads the account and shows it. False when it cannot be read (the message was shown): do not show the window
-    // then, a save would empty the account.
-    bool Form_Load();
-
-    bool isDirty() const { return !m_edited.isEmpty(); }
-
-public slots:
-    void reject() override; // asks when there are unsaved changes
+    bool Form_Load() override;
 
 private:
     void LoadComboCategory(); // throws
-    void VisitPassword(); // record to controls
+    void VisitPassword();
     void VisitURL();
 
-    bool loadRecord();
+    ElementRecord& record() override;
+    void startNew() override;
+    void showRecord(bool isNew) override;
+    bool transfer() override;
+
     void showDates();
-    void wireFields();
-    bool isEmptyField(const QString& text, QWidget* box, const QString& message);
-    bool transfer(); // validates, then controls to record
-    void cmdOK_Click();
+    void wireControls();
     void cmdShowPwd_Click(bool show);
     void cmdGenerate_Click();
 
     std::unique_ptr<Ui::frmPassword> m_ui;
     PasswordContext m_context;
-    QSet<const QWidget*> m_edited; // by the user since loading; all others keep what is stored, to the last character
 };

@@ -269,7 +269,7 @@ void tst_MemoPrint::fromTheEditor()
     cViewFilter filter;
     filter.EditingModeMemoID = p.save(u"stored"_s, u"int stored;\n"_s, 3, u"stored note"_s);
     Listener listener;
-    frmSnipVale editor({p.archive, p.desktop, filter, p.memo, listener}, nullptr);
+    frmSnipVale editor({p.archive, p.desktop, filter, listener}, p.memo, nullptr);
     QVERIFY(editor.Form_Load());
     editor.show();
     QVERIFY(QTest::qWaitForWindowActive(&editor));

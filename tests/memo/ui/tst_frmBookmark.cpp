@@ -29,7 +29,7 @@ struct Editor : EditorFixture<frmBookmark> {
     void open(qint32 id) final
     {
         filter.EditingModeBookmarkID = id;
-        show(std::make_unique<frmBookmark>(BookmarkContext{archive, desktop, filter, bookmark, listener}, nullptr));
+        show(std::make_unique<frmBookmark>(EditorContext{archive, desktop, filter, listener}, bookmark, nullptr));
     }
     qint32 insert(const QString& name, const QString& description)
     {
@@ -231,7 +231,7 @@ void tst_frmBookmark::visiting()
     EmptyShell none;
     const Desktop desktop{e.questions, e.files, none, e.clock, e.sound, e.printing, e.clipboard};
     e.filter.EditingModeBookmarkID = e.insert(u"n"_s, QString());
-    frmBookmark editor({e.archive, desktop, e.filter, e.bookmark, e.listener}, nullptr);
+    frmBookmark editor({e.archive, desktop, e.filter, e.listener}, e.bookmark, nullptr);
     QVERIFY(editor.Form_Load());
     e.questions.expect(u"Error in VisitBookmark: No program is set up to open this link."_s);
     editor.findChild<QPushButton*>(u"cmdGo"_s)->click();
@@ -246,7 +246,7 @@ void tst_frmBookmark::failedSaveKeepsTheWindow()
     e.click("cmdApply");
     QCOMPARE(e.column("name"), u"precious"_s);
     e.get<QPlainTextEdit>("txtDescription").setPlainText(u"more"_s);
-    e.okFails(u"Error in Update: "_s);
+    e.okFails(u"Error in Save: "_s);
     e.click("cmdApply");
     QCOMPARE(e.column("description"), u"more"_s);
     {
@@ -254,7 +254,7 @@ void tst_frmBookmark::failedSaveKeepsTheWindow()
         unit.Execute(u"DELETE * FROM tab_bookmark"_s);
     }
     e.box("txtKeywords").setText(u"late"_s);
-    e.questions.expect(u"Error in Update: The bookmark is no longer in the archive."_s);
+    e.questions.expect(u"Error in Save: The bookmark is no longer in the archive."_s);
     e.click("cmdOK");
     QVERIFY(e.window->isVisible() && e.window->isDirty());
     QCOMPARE(e.listener.saved.size(), 2); // only what was written

@@ -29,7 +29,7 @@ struct Editor : EditorFixture<frmSnipVale> {
     void open(qint32 id) final
     {
         filter.EditingModeMemoID = id;
-        show(std::make_unique<frmSnipVale>(MemoContext{archive, desktop, filter, memo, listener}, nullptr));
+        show(std::make_unique<frmSnipVale>(EditorContext{archive, desktop, filter, listener}, memo, nullptr));
     }
     ScintillaView& code() { return get<ScintillaView>("codeEditor"); }
     void choose(const QString& language)
@@ -285,7 +285,7 @@ void tst_frmSnipVale::failedSaveKeepsTheWindow()
     e.get<QLineEdit>("txtMemoName").setText(u"precious"_s);
     e.questions.expect(QString());
     e.get<QPushButton>("cmdOK").click();
-    QVERIFY(e.questions.asked.last().text.startsWith("Error in Update: "_L1));
+    QVERIFY(e.questions.asked.last().text.startsWith("Error in Save: "_L1));
     QVERIFY(e.window->isVisible() && e.window->isDirty() && e.window->isEnabled());
     e.archive.setPath(path); // mended: the same window saves
     e.get<QPushButton>("cmdOK").click();

@@ -5,7 +5,6 @@
 #include "jet/RawSqlite.h"
 #include "support/EditorFixture.h"
 
-#include "memo/TextFile.h"
 #include "tasks/ui/frmToDo.h"
 #include "ui/richtext/RichTextBox.h"
 #include "ui/widgets/OptionalDate.h"
@@ -27,7 +26,7 @@ struct Editor : EditorFixture<frmToDo> {
     void open(qint32 id) final
     {
         filter.EditingModeToDoID = id;
-        show(std::make_unique<frmToDo>(ToDoContext{archive, desktop, filter, listener, readTextFile}, nullptr));
+        show(std::make_unique<frmToDo>(EditorContext{archive, desktop, filter, listener}, nullptr));
     }
     QCheckBox& check(const char* name) { return get<QCheckBox>(name); }
     QComboBox& combo(const char* name) { return get<QComboBox>(name); }

@@ -4,7 +4,6 @@
 #include "support/UiSupport.h"
 #include "tasks/AlarmFixture.h"
 
-#include "tasks/ui/AlarmWindows.h"
 #include "tasks/ui/frmAlarm.h"
 
 #include <QtTest>
@@ -87,8 +86,7 @@ void tst_frmAlarm::whatItShows()
 
     frmAlarm unset(f.archive); // armed without a moment: only another program writes that
     unset.ToDoID = f.add(QDateTime());
-    QString error;
-    QVERIFY(unset.ShowAlert(error));
+    QVERIFY(unset.ShowAlert());
     QCOMPARE(f.control<QLabel>(&unset, "lblAlarmDateTime").text(), u"???"_s);
 }
 

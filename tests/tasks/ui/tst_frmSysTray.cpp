@@ -3,7 +3,7 @@
 #include "support/Registry.h"
 #include "support/UiSupport.h"
 
-#include "tasks/ui/TrayPictures.h"
+#include "tasks/ui/TaskPictures.h"
 #include "tasks/ui/frmSysTray.h"
 
 #include <QtTest>

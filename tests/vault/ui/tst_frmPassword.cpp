@@ -147,7 +147,7 @@ void tst_frmPassword::failuresKeepTheWindow()
     e.open(1);
     e.execute(u"DELETE * FROM tab_password"_s);
     e.box("txtTitle").setText(u"late"_s);
-    e.questions.expect(u"Error in Update: The account is no longer in the archive."_s);
+    e.questions.expect(u"Error in Save: The account is no longer in the archive."_s);
     e.click("cmdOK");
     QVERIFY(e.window->isVisible() && e.window->isDirty());
     e.open(0);

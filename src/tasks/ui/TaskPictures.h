@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QIcon>
+#include <QString>
 
 // The pictures of the icon in the notification area: white on a coloured tile, so that light and dark areas show them
 // alike. Their shapes differ as well as their colours. Drawn on the pixel grid of any size from 16 pixels on.
@@ -12,3 +13,7 @@ enum class TrayPicture {
 };
 
 QIcon trayPicture(TrayPicture picture);
+
+// The picture behind a key of modToDo: the priorities "lowest" to "urgent", the states "created" to "cancelled". Null
+// for any other key.
+QIcon toDoIcon(const QString& key);

@@ -1,12 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tasks/ui/ToDoPercent.h"
+#include "tasks/ui/ToDoControls.h"
 
+#include "ui/widgets/PlainToolTip.h"
+
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QRegularExpression>
 #include <QStyle>
 #include <QStyleOptionSpinBox>
+#include <QToolTip>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -105,4 +110,26 @@ void ToDoPercentBar::setPercent(double percent)
     m_done->setGeometry(inside.left(), inside.top(), done, inside.height());
     m_rest->setGeometry(inside.left() + done, inside.top(), barWidth(100) - done, inside.height());
     setAccessibleName(QString::number(shown) + u" %"_s);
+}
+
+ToDoHeading::ToDoHeading(QWidget* parent) : QLabel(parent)
+{
+    setTextFormat(Qt::PlainText);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+}
+
+void ToDoHeading::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const QString shown = fontMetrics().elidedText(text().simplified(), Qt::ElideRight, width());
+    painter.drawText(rect(), Qt::AlignVCenter | Qt::TextSingleLine, shown);
+}
+
+bool ToDoHeading::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QLabel::event(event);
+    if (fontMetrics().horizontalAdvance(text().simplified()) > width())
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plainToolTip(text()), this);
+    return true;
 }

@@ -4,8 +4,9 @@
 
 #include <QAbstractSpinBox>
 #include <QFrame>
+#include <QLabel>
 
-// How far a to-do is, as text, as a bar and in steps.
+// The controls of the to-do editor that no toolkit has.
 
 // The number at the beginning of a text; 0 when there is none.
 double numberIn(const QString& text);
@@ -45,4 +46,17 @@ public:
 private:
     QWidget* m_done;
     QWidget* m_rest;
+};
+
+// A line of plain text that takes the room it gets: a longer one ends in dots, and its tool tip has it whole. The
+// text itself stays as it was given.
+class ToDoHeading : public QLabel {
+    Q_OBJECT
+public:
+    explicit ToDoHeading(QWidget* parent = nullptr);
+    QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    bool event(QEvent* event) override;
 };

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "memo/TextFile.h"
+#include "desktop/TextFile.h"
 
 #include "desktop/TextForms.h"
 
