@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "memo/ScintillaRecorder.h"
 #include "support/CoreSupport.h"
 #include "support/Registry.h"
 
+#include "archive/SqlText.h"
 #include "memo/code/ScintillaText.h"
 #include "memo/code/cScintilla.h"
 
+#include <QMap>
 #include <QRandomGenerator>
 #include <QtTest>
 
@@ -14,128 +15,138 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Desk {
-    ScriptedQuestions questions;
-    ManualClock clock;
-    Archive archive{questions, clock};
-    ScintillaRecorder editor;
-    cScintilla code{editor, archive};
+// A code editor that only writes down what it is told: "2052 34 5" or "4005 0 'if else'". Its answers are by script:
+// per message, or per message and first parameter.
+class Recorder : public CodeEditor {
+public:
+    std::intptr_t send(const EditorMessage& message, std::uintptr_t wParam, std::intptr_t lParam) override
+    {
+        const auto first = static_cast<std::intptr_t>(wParam);
+        if (!answers.contains(message.number))
+            sent.append(u"%1 %2 %3"_s.arg(message.number).arg(first).arg(lParam));
+        return answersTo.value({message.number, first}, answers.value(message.number));
+    }
+    std::intptr_t send(const EditorMessage& message, std::uintptr_t wParam, const QByteArray& text) override
+    {
+        sent.append(u"%1 %2 '%3'"_s.arg(message.number).arg(wParam).arg(QString::fromUtf8(text)));
+        return 0;
+    }
+    std::intptr_t send(const EditorMessage& message, const QByteArray& first, const QByteArray& second) override
+    {
+        sent.append(u"%1 '%2' '%3'"_s.arg(message.number).arg(QString::fromUtf8(first), QString::fromUtf8(second)));
+        return 0;
+    }
+    QByteArray text() const override { return content; }
+    void setText(const QByteArray& text) override { content = text; }
+    QString take() { return std::exchange(sent, {}).join(u'|'); }
+
+    QStringList sent; // but for what has an answer
+    QMap<unsigned, std::intptr_t> answers;
+    QMap<std::pair<unsigned, std::intptr_t>, std::intptr_t> answersTo;
+    QByteArray content;
 };
+
+// An archive with languages and styles of the test's own.
+struct Desk : ArchiveFixture {
+    Desk()
+    {
+        run(u"DELETE * FROM tab_style"_s);
+        run(u"DELETE * FROM tab_memoType"_s);
+    }
+    void run(const QString& sql) { ArchiveUnit(archive).Execute(sql); }
+    void language(int id, const QString& lexerCode, const QString& keywords)
+    {
+        run(u"INSERT INTO tab_memoType (memoTypeID, name, lexerCode, keywords) VALUES (%1, 'L%1', '%2', '%3')"_s.arg(
+            QString::number(id), lexerCode, quoted(keywords)));
+    }
+    // `columns` and `values` are lists as they stand in a statement.
+    void style(const QString& lexerCode, const QString& columns, const QString& values)
+    {
+        run(u"INSERT INTO tab_style (lexerCode, %2) VALUES ('%1', %3)"_s.arg(lexerCode, columns, values));
+    }
+    Recorder editor;
+    cScintilla code{editor, archive, "3"};
+};
+
+const QString cppOptions = u"4004 'styling.within.preprocessor' '1'|4004 'lexer.cpp.track.preprocessor' '0'|"_s
+                           u"4004 'lexer.cpp.backquoted.strings' '%1'|4004 'lexer.cpp.triplequoted.strings' '%2'|"_s;
+const QString serverPageSets = u"4005 1 ' break case catc|4005 2 ' and as byref by|"_s
+                               u"4005 3 ' and argv as arg|4005 4 ' and argv as arg"_s;
 
 } // namespace
 
 class tst_cScintilla : public QObject {
     Q_OBJECT
 private slots:
-    void init();
+    void initTestCase();
     void numberMargin_data();
     void numberMargin();
-    void numberMarginFollowsTheText();
-    void margins();
     void braces_data();
     void braces();
-    void clicksAndCaret();
-    void find();
+    void setLexer_data();
+    void setLexer();
+    void defaultComesFirst();
+    void names();
+    void styles();
+    void keywords();
     void offsets();
     void offsetsOfBrokenText();
     void anyCase();
+
+private:
+    std::unique_ptr<Desk> m_languages; // of the rows of setLexer
 };
 
-void tst_cScintilla::init()
+void tst_cScintilla::initTestCase()
 {
-    Desk desk;
-    desk.editor.answers[SCI_GETLINECOUNT] = 1;
-    desk.code.Init();
-    const QStringList begin = {u"2005 0 0"_s,
-                               u"2132 -1 0"_s,
-                               u"2036 4 0"_s,
-                               u"2122 4 0"_s,
-                               u"2076 400 0"_s,
-                               u"4004 'fold' '1'"_s,
-                               u"4004 'fold.html' '1'"_s,
-                               u"4004 'fold.html.preprocessor' '1'"_s,
-                               u"4004 'fold.comment' '1'"_s,
-                               u"4004 'fold.at.else' '1'"_s,
-                               u"4004 'fold.flags' '1'"_s,
-                               u"4004 'fold.preprocessor' '1'"_s,
-                               u"2233 16 0"_s,
-                               u"2244 2 4261412864"_s,
-                               u"2246 2 1"_s,
-                               u"2359 3 0"_s,
-                               u"2040 31 7"_s,
-                               u"2040 30 8"_s,
-                               u"2040 29 5"_s,
-                               u"2040 28 5"_s,
-                               u"2040 25 5"_s,
-                               u"2040 26 5"_s,
-                               u"2040 27 5"_s};
-    QCOMPARE(desk.editor.sent.first(begin.size()), begin);
-    const QStringList rest = desk.editor.sent.sliced(begin.size());
-    QVERIFY(rest[0].startsWith(u"2052 34 "));
-    QVERIFY(rest[1].startsWith(u"2052 35 "));
-    QVERIFY(rest[0].section(u' ', 2) != rest[1].section(u' ', 2));
-    QCOMPARE(
-        rest.sliced(2),
-        QStringList({u"2029 2 0"_s, u"2031 2 0"_s, u"2040 0 0"_s, u"2242 0 25"_s, u"2242 2 16"_s, u"2242 1 16"_s}));
+    m_languages = std::make_unique<Desk>();
+    const std::tuple<int, QString, QString> rows[] = {
+        {2, u"SCLEX_PYTHON"_s, u"def"_s},      {3, u"SCLEX_CPP"_s, u"int if"_s},
+        {4, u"SCLEX_HTML"_s, u"b script"_s},   {5, u"SCLEX_XML"_s, u"xml"_s},
+        {8, u"SCLEX_VB"_s, u"Dim"_s},          {13, u"SCLEX_XCODE"_s, u"xcode"_s},
+        {29, u"SCLEX_ASP"_s, u"asp"_s},        {30, u"SCLEX_PHP"_s, u"echo"_s},
+        {98, u"SCLEX_MARKDOWN"_s, u"md"_s},    {1003, u"SCLEX_CPP_JAVA"_s, u"java"_s},
+        {1069, u"SCLEX_PHP_BARE"_s, u"php"_s}, {2003, u"SCLEX_CPP_JAVASCRIPT"_s, u"let"_s},
+    };
+    for (const auto& [id, lexerCode, words] : rows)
+        m_languages->language(id, lexerCode, words);
+    for (const auto& [lexerCode, number] : {std::pair(u"CPP"_s, 7),
+                                            {u"VB"_s, 8},
+                                            {u"ASP"_s, 29},
+                                            {u"HTML"_s, 4},
+                                            {u"PYTHON"_s, 22},
+                                            {u"CPP_JAVASCRIPT"_s, 33}})
+        m_languages->style(u"SCLEX_"_s + lexerCode, u"styleNumber, [case], enable"_s, u"%1, 1, true"_s.arg(number));
 }
 
 void tst_cScintilla::numberMargin_data()
 {
     QTest::addColumn<int>("lines");
-    QTest::addColumn<int>("characters");
     QTest::addColumn<int>("pixels");
-    QTest::newRow("one line") << 1 << 2 << 25;
-    QTest::newRow("a half goes to the even 0") << 5 << 2 << 25;
-    QTest::newRow("more than a half") << 6 << 3 << 32;
-    QTest::newRow("14") << 14 << 3 << 32;
-    QTest::newRow("a half goes to the even 2") << 15 << 3 << 32;
-    QTest::newRow("2.5 goes to 2") << 25 << 3 << 32;
-    QTest::newRow("55 goes to 6, then 1") << 55 << 4 << 39;
-    QTest::newRow("1000") << 1000 << 5 << 46;
+    // Halves go to the even neighbour: 0.5 to 0, 1.5 and 2.5 to 2, 5.5 to 6.
+    for (const auto& [lines, pixels] :
+         {std::pair(1, 25), {5, 25}, {6, 32}, {14, 32}, {15, 32}, {25, 32}, {55, 39}, {1000, 46}})
+        QTest::addRow("%d", lines) << lines << pixels;
 }
 
 void tst_cScintilla::numberMargin()
 {
     QFETCH(int, lines);
-    Desk desk;
-    desk.editor.answers[SCI_GETLINECOUNT] = lines;
-    QTEST(desk.code.GetLinenumberChars(), "characters");
     QFETCH(int, pixels);
-    QCOMPARE(desk.code.GetLinenumberWidth(), pixels - 4);
-    desk.code.SetDisplayLinenumbers(true);
-    desk.code.SetDisplayLinenumbers(false);
-    QCOMPARE(desk.editor.sent, QStringList({u"2242 0 %1"_s.arg(pixels), u"2242 0 0"_s}));
-}
-
-void tst_cScintilla::numberMarginFollowsTheText()
-{
     Desk desk;
     desk.code.setMatchBraces(false);
-    const auto afterUpdate = [&desk](int lines) {
-        desk.editor.answers[SCI_GETLINECOUNT] = lines;
-        desk.code.onUpdateUi();
-        return desk.editor.take();
-    };
-    desk.editor.answers[SCI_GETLINECOUNT] = 5;
+    desk.editor.answers[SCI.GETLINECOUNT.number] = lines;
     desk.code.SetDisplayLinenumbers(true);
-    desk.editor.take();
-    QCOMPARE(afterUpdate(9), QStringList()); // still one digit
-    QCOMPARE(afterUpdate(10), QStringList(u"2242 0 32"_s));
-    QCOMPARE(afterUpdate(10), QStringList());
-    QCOMPARE(afterUpdate(9), QStringList(u"2242 0 32"_s));
+    QCOMPARE(desk.editor.take(), u"2242 0 %1"_s.arg(pixels));
+    desk.code.onUpdateUi();
+    QCOMPARE(desk.editor.take(), QString()); // as many digits as before
+    desk.editor.answers[SCI.GETLINECOUNT.number] = 10000;
+    desk.code.onUpdateUi();
+    QCOMPARE(desk.editor.take(), u"2242 0 53"_s);
     desk.code.SetDisplayLinenumbers(false);
-    desk.editor.take();
-    QCOMPARE(afterUpdate(100), QStringList());
-}
-
-void tst_cScintilla::margins()
-{
-    Desk desk;
-    desk.code.SetDisplayFolding(true);
-    desk.code.SetDisplayFolding(false);
-    desk.code.SetDisplaySelection(true);
-    desk.code.SetDisplaySelection(false);
-    QCOMPARE(desk.editor.sent, QStringList({u"2242 2 16"_s, u"2242 2 0"_s, u"2242 1 16"_s, u"2242 1 0"_s}));
+    desk.editor.answers[SCI.GETLINECOUNT.number] = 1;
+    desk.code.onUpdateUi();
+    QCOMPARE(desk.editor.take(), u"2242 0 0"_s);
 }
 
 void tst_cScintilla::braces_data()
@@ -143,20 +154,16 @@ void tst_cScintilla::braces_data()
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<int>("caret");
     QTest::addColumn<int>("partner");
-    QTest::addColumn<QStringList>("messages");
-    const QStringList clear = {u"2351 -1 -1"_s};
-    const auto pair = [](int brace, int partner) {
-        return QStringList({u"2353 %1 0"_s.arg(brace), u"2351 %1 %2"_s.arg(partner).arg(brace), u"2134 7 0"_s});
-    };
-    QTest::newRow("none") << "a b"_ba << 1 << 0 << clear;
-    QTest::newRow("start, none before") << "a"_ba << 0 << 0 << clear;
-    QTest::newRow("empty text") << ""_ba << 0 << 0 << clear;
-    QTest::newRow("at the caret") << "f(x)"_ba << 1 << 3 << pair(1, 3);
-    QTest::newRow("before the caret") << "f(x)"_ba << 4 << 1 << pair(3, 1);
-    QTest::newRow("the caret's goes first") << "[{}]"_ba << 1 << 2 << pair(1, 2);
-    QTest::newRow("partner at 0") << "<>"_ba << 1 << 0 << pair(1, 0);
-    QTest::newRow("unmatched") << "("_ba << 0 << -1 << QStringList({u"2353 0 0"_s, u"2352 0 0"_s});
-    QTest::newRow("a zero byte is no brace") << QByteArray("a\0b", 3) << 1 << 0 << clear;
+    QTest::addColumn<QString>("messages");
+    const QString none = u"2351 -1 -1"_s;
+    QTest::newRow("none") << "a b"_ba << 1 << 0 << none;
+    QTest::newRow("start, none before") << "a"_ba << 0 << 0 << none;
+    QTest::newRow("at the caret") << "f(x)"_ba << 1 << 3 << u"2351 3 1"_s;
+    QTest::newRow("before the caret") << "f(x)"_ba << 4 << 1 << u"2351 1 3"_s;
+    QTest::newRow("the caret's goes first") << "[{}]"_ba << 1 << 2 << u"2351 2 1"_s;
+    QTest::newRow("partner at 0") << "<>"_ba << 1 << 0 << u"2351 0 1"_s;
+    QTest::newRow("unmatched") << "("_ba << 0 << -1 << u"2352 0 0"_s;
+    QTest::newRow("a zero byte is no brace") << QByteArray("a\0b", 3) << 1 << 0 << none;
 }
 
 void tst_cScintilla::braces()
@@ -164,75 +171,151 @@ void tst_cScintilla::braces()
     QFETCH(QByteArray, text);
     QFETCH(int, caret);
     QFETCH(int, partner);
-    QFETCH(QStringList, messages);
+    QFETCH(QString, messages);
     Desk desk;
     desk.code.SetDisplayLinenumbers(false);
-    desk.editor.take();
     for (qsizetype i = 0; i < text.size(); ++i)
-        desk.editor.answersTo[{SCI_GETCHARAT, i}] = text[i];
-    desk.editor.answers[SCI_GETCURRENTPOS] = caret;
-    desk.editor.answers[SCI_BRACEMATCH] = partner;
-    desk.editor.answersTo[{SCI_GETCOLUMN, partner}] = 7;
-    desk.code.onUpdateUi();
-    QCOMPARE(desk.editor.take(), messages);
+        desk.editor.answersTo[{SCI.GETCHARAT.number, i}] = text[i];
+    desk.editor.answersTo[{SCI.GETCOLUMN.number, partner}] = 7;
+    desk.editor.answers = {{SCI.GETLINECOUNT.number, 1},
+                           {SCI.GETCHARAT.number, 0},
+                           {SCI.GETCOLUMN.number, 0},
+                           {SCI.GETCURRENTPOS.number, caret},
+                           {SCI.BRACEMATCH.number, partner}};
+    const auto update = [&desk] {
+        desk.editor.take();
+        desk.code.onUpdateUi();
+        return desk.editor.take();
+    };
+    desk.code.SetDisplayLinenumbers(false);
+    const bool isPair = messages != u"2351 -1 -1" && partner >= 0;
+    QCOMPARE(update(), messages + (isPair ? u"|2134 7 0"_s : QString()));
     desk.code.setHighlightGuide(false);
-    desk.code.onUpdateUi();
-    messages.removeAll(u"2134 7 0"_s);
-    QCOMPARE(desk.editor.take(), messages);
+    QCOMPARE(update(), messages);
     desk.code.setMatchBraces(false);
-    desk.code.onUpdateUi();
-    QCOMPARE(desk.editor.take(), QStringList());
+    QCOMPARE(update(), QString());
 }
 
-void tst_cScintilla::clicksAndCaret()
+void tst_cScintilla::setLexer_data()
 {
-    Desk desk;
-    desk.editor.answersTo[{SCI_LINEFROMPOSITION, 40}] = 3;
-    desk.editor.answersTo[{SCI_GETFOLDLEVEL, 3}] = 0x2401;
-    desk.editor.answersTo[{SCI_GETCOLUMN, 40}] = 6;
-    desk.editor.answersTo[{SCI_POSITIONFROMLINE, 3}] = 34;
-    desk.editor.answersTo[{SCI_POSITIONFROMLINE, 11}] = 90;
-    desk.editor.answers = {
-        {SCI_GETCURRENTPOS, 40}, {SCI_GETLINECOUNT, 12}, {SCI_GETLENGTH, 95}, {SCI_GETENDSTYLED, 40}};
-    desk.code.onMarginClick(40);
-    desk.code.AddBookmark();
-    QCOMPARE(desk.editor.take(), QStringList({u"2231 3 0"_s, u"2043 3 0"_s}));
-    QCOMPARE(desk.code.GetCurrentLine(), 3);
-    QCOMPARE(desk.code.CurLine(), 4);
-    QCOMPARE(desk.code.Column(), 6);
-    QCOMPARE(desk.code.GetCurrentFoldinglevel(), 0x2401);
-    desk.code.setCurLine(4);
-    desk.code.setCurLine(1000);
-    desk.code.setCurPosition(1000);
-    desk.code.setCurPosition(-3);
-    QCOMPARE(desk.editor.take(), QStringList({u"2160 34 34"_s, u"2160 90 90"_s, u"2160 95 95"_s, u"2160 0 0"_s}));
-    desk.editor.recordQuestions = true;
-    desk.code.onStyleNeeded();
-    QCOMPARE(desk.editor.take(), QStringList({u"2028 0 0"_s, u"2166 40 0"_s, u"2167 3 0"_s}));
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("messages");
+    const auto row = [](const char* name, int number, const QString& messages, const QByteArray& text = {}) {
+        QTest::newRow(name) << number << text << messages;
+    };
+    const QString page = u"4001 4 0|2090 5 0|2090 7 0|4004 'asp.default.language' '%1'|2060 29 1"_s;
+    row("C++", 3, u"4001 3 0|2090 5 0|"_s + cppOptions.arg(0).arg(0) + u"2060 7 1|4005 0 'int if'"_s);
+    row("Visual Basic", 8, u"4001 8 0|2090 5 0|2060 8 1|4005 0 'Dim'"_s);
+    row("server page", 29, page.arg(3) + u"|4005 0 'asp'|"_s + serverPageSets);
+    row("server page 101", 101, page.arg(1) + u"|4005 0 'asp'"_s);
+    row("102 has no words", 102, page.arg(2));
+    row("103 has no words", 103, page.arg(3));
+    row("HTML", 4, u"4001 4 0|2090 5 0|2090 7 0|2060 4 1|4005 0 'b script'|"_s + serverPageSets);
+    row("XML", 5, u"4001 5 0|2090 5 0|2090 7 0|4005 0 'xml'"_s);
+    row("PHP in HTML", 30, u"4001 4 0|2090 5 0|2090 7 0|4005 0 'echo'|4005 4 'echo'"_s, "<p><?php"_ba);
+    row("PHP alone", 30, u"4001 69 0|2090 5 0|2090 7 0|4005 0 'echo'|4005 4 'echo'"_s, "echo 1;"_ba);
+    row("Xcode goes as C++", 13, u"4001 3 0|2090 5 0|"_s + cppOptions.arg(0).arg(0) + u"4005 0 'xcode'"_s);
+    row("a name without a row", 41, u"4001 41 0|2090 5 0|4005 0 ''"_s);
+    row("Python", 2, u"4001 2 0|2090 5 0|2060 22 1|4005 0 'def'"_s);
+    row("a number of today", 98, u"4001 98 0|2090 5 0|4005 0 'md'"_s);
+    row("JavaScript", 2003, u"4001 3 0|2090 5 0|"_s + cppOptions.arg(1).arg(0) + u"2060 33 1|4005 0 'let'"_s);
+    row("Java", 1003, u"4001 3 0|2090 5 0|"_s + cppOptions.arg(0).arg(1) + u"4005 0 'java'"_s);
+    row("bare PHP", 1069, u"4001 69 0|2090 5 0|4005 0 'php'|4005 4 'php'"_s);
+    row("no row for it", 111, u"4001 111 0|2090 5 0"_s);
+    row("no row for a thousand", 9003, u"4001 3 0|2090 5 0"_s);
+    row("a wild number", -7, u"4001 -7 0|2090 5 0"_s);
 }
 
-void tst_cScintilla::find()
+void tst_cScintilla::setLexer()
+{
+    QFETCH(int, number);
+    QFETCH(QByteArray, text);
+    Recorder editor;
+    editor.content = text;
+    cScintilla code(editor, m_languages->archive, "3");
+    code.SetLexer(number);
+    // Behind what every language has: from the lexer's number on, without folding. The built-in lists are long: their
+    // first words tell them apart.
+    QStringList messages = editor.sent.sliced(editor.sent.indexOf(u"2032 0 0"_s) + 1);
+    messages.removeIf([](const QString& message) { return message.startsWith(u"4004 'fold"); });
+    for (QString& message : messages)
+        message.truncate(message.startsWith(u"4005") ? 24 : 1000);
+    QTEST(messages.join(u'|'), "messages");
+}
+
+void tst_cScintilla::defaultComesFirst()
 {
     Desk desk;
-    desk.editor.answers = {{SCI_GETLENGTH, 50},    {SCI_SEARCHINTARGET, 20}, {SCI_GETTARGETSTART, 20},
-                           {SCI_GETTARGETEND, 24}, {SCI_SEARCHNEXT, -1},     {SCI_LINEFROMPOSITION, 2}};
-    QCOMPARE(desk.code.Find(u"zł\U0001F642"_s, 6, 7), 20); // lengths are bytes
+    desk.language(3, u"SCLEX_CPP"_s, u"int"_s);
+    desk.code.SetLexerDefault();
+    const QString plain = desk.editor.take();
+    // Copying the default style to all of them must not lose the brace colours.
+    QVERIFY2(plain.startsWith(u"2058 0 0|2055 32 10|2056 32 'Courier New'|2050 0 0|2052 34 "), qPrintable(plain));
+    desk.code.SetLexer(3);
+    const QStringList sent = desk.editor.sent;
+    QVERIFY(desk.editor.take().startsWith(plain));
+    // Folding is an option of each lexer: it is sent behind the number.
+    QVERIFY(sent.indexOf(u"4004 'fold' '1'"_s) > sent.indexOf(u"4001 3 0"_s));
+
+    desk.run(u"DROP TABLE tab_style"_s);
+    desk.questions.expect(QString());
+    desk.code.SetLexer(3);
+    QVERIFY(desk.questions.asked.last().text.startsWith(u"Error in SetLexer: "));
+    QVERIFY(desk.editor.take().endsWith(plain)); // the default style is what remains
+}
+
+void tst_cScintilla::names()
+{
+    const std::pair<int, QString> some[] = {{2, QString()},        {3, u"SCLEX_CPP"_s},      {21, u"SCLEX_LISP"_s},
+                                            {30, u"SCLEX_PHP"_s},  {41, u"SCLEX_ESCRIPT"_s}, {42, QString()},
+                                            {102, u"SCLEX_ASP"_s}, {-1, QString()}};
+    for (const auto& [number, name] : some)
+        QCOMPARE(lexerName(number), name);
+    QVERIFY(lexerToSend(1013, {}) == 3 && lexerToSend(1030, "x") == 69 && lexerToSend(1102, {}) == 4);
+    QCOMPARE(scriptKeywords().simplified().count(' '), 14);
+    QCOMPARE(basicKeywords().simplified().count(' '), 58);
+    QCOMPARE(serverPageKeywords().simplified().count(' '), 70);
+}
+
+void tst_cScintilla::styles()
+{
+    Desk desk;
+    desk.language(17, u"SCLEX_CONF"_s, u"on off"_s);
+    desk.style(u"SCLEX_CONF"_s,
+               u"styleNumber, fontName, fontSize, foreColor, backColor, bold, italic, underline, invisible, [case], "
+               u"enable"_s,
+               u"1, 'Żuk', 12, 255, 16777215, true, true, true, true, 2, true"_s);
+    desk.style(u"SCLEX_CONF"_s, u"styleNumber, fontName, fontSize, foreColor, backColor, enable"_s,
+               u"2, '', 0, Null, 0, true"_s);
+    desk.style(u"SCLEX_CONF"_s, u"styleNumber, foreColor, bold, enable"_s, u"3, 7, true, false"_s);
+    desk.style(u"SCLEX_OTHER"_s, u"styleNumber, foreColor, enable"_s, u"4, 7, true"_s);
+    desk.code.LoadStyles(17);
     QCOMPARE(desk.editor.take(),
-             QStringList({u"2198 6 0"_s, u"2190 7 0"_s, u"2192 50 0"_s, u"2197 7 'zł\U0001F642'"_s, u"2232 2 0"_s,
-                          u"2160 20 24"_s}));
-    QCOMPARE(desk.code.ReplaceFound(u"ż"_s), 24);
-    QCOMPARE(desk.editor.take(), QStringList(u"2194 2 'ż'"_s));
+             u"2056 1 'Żuk'|2055 1 12|2051 1 255|2052 1 16777215|2053 1 1|2054 1 1|2059 1 1|2060 1 2|2074 1 0|"
+             u"2052 2 0|2060 2 0"_s);
+    QCOMPARE(desk.statements.last(),
+             u"SELECT tab_memoType.memoTypeID, tab_memoType.name, tab_style.*  FROM tab_memoType INNER JOIN tab_style "
+             u"ON tab_memoType.lexerCode = tab_style.lexerCode  WHERE tab_memoType.memoTypeID = 17 "_s);
+}
 
-    desk.editor.answers[SCI_SEARCHINTARGET] = -1;
-    desk.questions.expect(u"Search reached end of document"_s);
-    QCOMPARE(desk.code.Find(u"x"_s, 0, 80), -1); // the text has become shorter than the last match
-    QCOMPARE(desk.editor.take(), QStringList({u"2198 0 0"_s, u"2190 50 0"_s, u"2192 50 0"_s, u"2197 1 'x'"_s}));
-    QCOMPARE(desk.questions.asked.last().style, MessageStyle::Information);
-
-    desk.questions.expect(u"nresult: -1"_s);
-    desk.code.FindNext(u"if"_s, 4);
-    QCOMPARE(desk.editor.take(), QStringList({u"2366 0 0"_s, u"2367 4 'if'"_s}));
-    QCOMPARE(desk.questions.asked.last().style, MessageStyle::Plain);
+void tst_cScintilla::keywords()
+{
+    Desk desk;
+    desk.language(7, u"SCLEX_SQL"_s, u"select"_s);
+    desk.language(6, u"SCLEX_PERL"_s, u"my"_s);
+    QCOMPARE(keywordsOf(desk.archive, u"SCLEX_NONE"_s), QString());
+    QVERIFY(!updateKeywords(desk.archive, u"SCLEX_NONE"_s, u"x"_s));
+    const QString odd = u"it's 'ключ'\r\nfrom"_s;
+    QVERIFY(updateKeywords(desk.archive, u"SCLEX_SQL"_s, odd));
+    QCOMPARE(desk.statements.last(),
+             u"UPDATE tab_memoType SET tab_memoType.keywords = 'it''s ''ключ''\r\nfrom' "
+             u" WHERE lexerCode = 'SCLEX_SQL' "_s);
+    QCOMPARE(keywordsOf(desk.archive, u"SCLEX_SQL"_s), odd);
+    QCOMPARE(desk.statements.last(),
+             u"SELECT memoTypeID,  keywords  FROM tab_memoType  WHERE lexerCode = 'SCLEX_SQL' "_s);
+    QCOMPARE(keywordsOf(desk.archive, u"SCLEX_PERL"_s), u"my"_s);
+    QCOMPARE(lexerCodeOf(desk.archive, 6) + lexerCodeOf(desk.archive, 5), u"SCLEX_PERL"_s);
 }
 
 void tst_cScintilla::offsets()

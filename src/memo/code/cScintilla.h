@@ -2,12 +2,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "memo/code/CodeEditor.h"
+#include "memo/code/ScintillaMessages.h"
 #include "memo/code/modScintilla.h"
 
-#include <QString>
-
 class Archive;
+
+// The code editor as cScintilla sees it: a sink for Scintilla's messages. Text is UTF-8; positions are bytes.
+class CodeEditor {
+public:
+    virtual ~CodeEditor() = default;
+    // Arguments that the message's rules refuse do nothing: the answer is 0.
+    virtual std::intptr_t send(const EditorMessage& message, std::uintptr_t wParam = 0, std::intptr_t lParam = 0) = 0;
+    // A message whose last parameter is a text.
+    virtual std::intptr_t send(const EditorMessage& message, std::uintptr_t wParam, const QByteArray& text) = 0;
+    // A message whose both parameters are texts (properties).
+    virtual std::intptr_t send(const EditorMessage& message, const QByteArray& first, const QByteArray& second) = 0;
+    virtual QByteArray text() const = 0; // all of it, zero bytes included
+    virtual void setText(const QByteArray& text) = 0; // all of it, zero bytes included; clears undo
+};
+
+// Flags of a search.
+inline constexpr int SCFIND_WHOLEWORD = 2;
+inline constexpr int SCFIND_MATCHCASE = 4;
 
 // The code editor's behaviour: drives a CodeEditor by messages, takes its notifications, and dresses the text
 // in the archive's languages. Positions and columns are counted from 0 in bytes and columns of the editor,

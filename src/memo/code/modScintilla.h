@@ -2,14 +2,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "memo/code/ScintillaMessages.h"
-
 #include <QByteArray>
 #include <QString>
 #include <utility>
 #include <vector>
 
 class Archive;
+
+// Predefined styles.
+inline constexpr int STYLE_DEFAULT = 32;
+inline constexpr int STYLE_LINENUMBER = 33;
+inline constexpr int STYLE_BRACELIGHT = 34;
+inline constexpr int STYLE_BRACEBAD = 35;
+
+// Lexer numbers with a rule of their own.
+inline constexpr qint32 SCLEX_NULL = 1;
+inline constexpr qint32 SCLEX_CPP = 3;
+inline constexpr qint32 SCLEX_HTML = 4;
+inline constexpr qint32 SCLEX_XML = 5;
+inline constexpr qint32 SCLEX_XCODE = 13;
+inline constexpr qint32 SCLEX_ASP = 29;
+inline constexpr qint32 SCLEX_PHP = 30;
+inline constexpr qint32 SCLEX_ESCRIPT = 41; // the last number with a fixed name
+inline constexpr qint32 SCLEX_PHPSCRIPT = 69;
 
 // What is known of the languages: the number of a language is a lexer number of Scintilla, or k * 1000 plus a
 // lexer number for a language that shares its lexer with others (Java and C# are both dressed-up C++).

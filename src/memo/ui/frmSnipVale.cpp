@@ -10,7 +10,6 @@
 #include "desktop/TextFile.h"
 #include "desktop/TextForms.h"
 #include "memo/cMemo.h"
-#include "memo/code/cScintilla.h"
 #include "memo/code/ui/ScintillaView.h"
 #include "memo/code/ui/frmScintillaFind.h"
 #include "memo/ui/MemoPrint.h"
@@ -59,7 +58,8 @@ void frmSnipVale::makeCodeEditor()
 {
     m_editor = new ScintillaView(m_ui->rtfSnipVale);
     m_editor->setObjectName(u"codeEditor"_s);
-    m_ui->rtfSnipVale->host(m_editor);
+    m_ui->layCode->addWidget(m_editor);
+    m_ui->rtfSnipVale->setFocusProxy(m_editor);
     setTabOrder(m_ui->imgCodeEqual, m_editor); // made last, it stands here
     m_scintilla = std::make_unique<cScintilla>(*m_editor, m_context.archive);
     m_editor->setHandler(m_scintilla.get());
@@ -91,7 +91,6 @@ void frmSnipVale::showRecord(bool isNew)
     m_ui->txtMemoName->setText(m_memo.MemoName);
     m_ui->txtMemoDescription->setText(m_memo.MemoDescription);
     m_ui->txtMemoLink->setText(m_memo.MemoLink);
-    m_ui->rtfSnipVale->setText(m_memo.SnipVale);
     m_ui->rtfMemoNotes->setRtf(m_memo.MemoNotes);
     m_ui->lblDateIn->setText(shortMoment(m_memo.MemoDateIn));
     m_ui->lblLastModified->setText(shortMoment(m_memo.MemoDateLastMod));
@@ -156,8 +155,7 @@ bool frmSnipVale::transfer()
     m_memo.MemoDescription = m_ui->txtMemoDescription->text();
     m_memo.MemoLink = m_ui->txtMemoLink->text();
     m_memo.MemoTypeID = m_ui->cboMemoType->currentData().toInt();
-    m_ui->rtfSnipVale->setText(QString::fromUtf8(m_editor->text()));
-    m_memo.SnipVale = m_ui->rtfSnipVale->text();
+    m_memo.SnipVale = QString::fromUtf8(m_editor->text());
     m_memo.MemoNotes = m_ui->rtfMemoNotes->rtf();
     return true;
 }
@@ -229,7 +227,7 @@ void frmSnipVale::makeCodeBar()
         const char16_t* icon;
         std::function<void()> run;
     };
-    const auto message = [this](unsigned number) { return [this, number] { m_editor->send(number); }; };
+    const auto message = [this](const EditorMessage& what) { return [this, &what] { m_editor->send(what); }; };
     const Row rows[] = {
         {u"Open", u"Open File", u"document-open", [this] { openCodeFile(); }},
         {u"Save", u"Save to file", u"document-save", [this] { saveCodeFile(); }},
@@ -237,17 +235,17 @@ void frmSnipVale::makeCodeBar()
         {u"Print", u"Print", u"document-print", nullptr}, // this key does nothing, so it is not shown
         {u"PrintMemo", u"Print the memo", u"document-print", [this] { PrintDoc(); }},
         {},
-        {u"Cut", u"Cut", u"edit-cut", message(SCI_CUT)},
-        {u"Copy", u"Copy", u"edit-copy", message(SCI_COPY)},
-        {u"Paste", u"Paste", u"edit-paste", message(SCI_PASTE)},
+        {u"Cut", u"Cut", u"edit-cut", message(SCI.CUT)},
+        {u"Copy", u"Copy", u"edit-copy", message(SCI.COPY)},
+        {u"Paste", u"Paste", u"edit-paste", message(SCI.PASTE)},
         {u"Clear", u"Clear", u"edit-clear",
          [this] {
-             m_editor->send(SCI_SELECTALL);
-             m_editor->send(SCI_CLEAR);
+             m_editor->send(SCI.SELECTALL);
+             m_editor->send(SCI.CLEAR);
          }},
         {},
-        {u"Undo", u"Undo", u"edit-undo", message(SCI_UNDO)},
-        {u"Redo", u"Redo", u"edit-redo", message(SCI_REDO)},
+        {u"Undo", u"Undo", u"edit-undo", message(SCI.UNDO)},
+        {u"Redo", u"Redo", u"edit-redo", message(SCI.REDO)},
         {},
         {u"Find", u"Find and Replace", u"edit-find-replace", [this] { showFind(); }},
         {u"WrapLine", u"Wrap line", u"text-wrap", [this] { toggleWrap(); }},
@@ -295,8 +293,8 @@ void frmSnipVale::makePrintMenu()
 
 void frmSnipVale::toggleWrap()
 {
-    const bool wraps = m_editor->send(SCI_GETWRAPMODE) != 0;
-    m_editor->send(SCI_SETWRAPMODE, wraps ? 0 : 1);
+    const bool wraps = m_editor->send(SCI.GETWRAPMODE) != 0;
+    m_editor->send(SCI.SETWRAPMODE, wraps ? 0 : 1);
     m_wrap->setChecked(!wraps);
 }
 
@@ -316,7 +314,7 @@ void frmSnipVale::openCodeFile()
             if (text.contains('\0'))
                 m_editor->setText(text);
             else
-                m_editor->send(SCI_SETTEXT, 0, text); // as one step that can be undone
+                m_editor->send(SCI.SETTEXT, 0, text); // as one step that can be undone
             markDirty(m_editor);
         }
     });

@@ -156,10 +156,10 @@ const Language& tst_Languages::current() const
 QByteArray tst_Languages::style(const QByteArray& text)
 {
     m_view->setText(text);
-    m_view->send(QsciScintillaBase::SCI_COLOURISE, 0, -1);
+    m_view->SendScintilla(QsciScintillaBase::SCI_COLOURISE, 0UL, -1L);
     QByteArray result;
     for (qsizetype i = 0; i < text.size(); ++i)
-        result += static_cast<char>(m_view->send(QsciScintillaBase::SCI_GETSTYLEAT, static_cast<std::uintptr_t>(i)));
+        result += static_cast<char>(m_view->send(SCI.GETSTYLEAT, static_cast<std::uintptr_t>(i)));
     return result;
 }
 
@@ -180,7 +180,9 @@ void tst_Languages::sample()
     QVERIFY2(missing.isEmpty(), qPrintable(u"style %1 has no row"_s.arg(missing.isEmpty() ? 0 : *missing.begin())));
     QSet<std::intptr_t> looks;
     for (const int number : std::as_const(used)) {
-        const auto get = [&](unsigned message) { return m_view->send(message, static_cast<std::uintptr_t>(number)); };
+        const auto get = [&](unsigned message) {
+            return m_view->SendScintilla(message, static_cast<unsigned long>(number));
+        };
         looks.insert(get(QsciScintillaBase::SCI_STYLEGETFORE) | get(QsciScintillaBase::SCI_STYLEGETBOLD) << 24 |
                      get(QsciScintillaBase::SCI_STYLEGETITALIC) << 25);
     }

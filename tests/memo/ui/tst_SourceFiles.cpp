@@ -50,7 +50,7 @@ QList<QFileInfo> sourceFiles()
 int stylesIn(ScintillaView& view)
 {
     QSet<std::intptr_t> styles;
-    const std::intptr_t length = view.send(SCI_GETLENGTH);
+    const std::intptr_t length = view.send(SCI.GETLENGTH);
     view.SendScintilla(QsciScintillaBase::SCI_COLOURISE, 0UL, long(-1));
     for (std::intptr_t at = 0; at < length; ++at)
         styles.insert(view.SendScintilla(QsciScintillaBase::SCI_GETSTYLEAT, static_cast<unsigned long>(at)));

@@ -201,7 +201,7 @@ void tst_frmOptionsLanguage::colorBoxes()
     });
     QCOMPARE(s.stored("foreColor") + u' ' + s.stored("backColor"), u"255 1193046"_s);
     scintilla.SetLexer(cpp); // an open editor has the new style from its next language on
-    QCOMPARE(editor.send(2481, 1), 255); // SCI_STYLEGETFORE
+    QCOMPARE(editor.SendScintilla(QsciScintillaBase::SCI_STYLEGETFORE, 1), 255);
 }
 
 void tst_frmOptionsLanguage::whatIsGone()

@@ -75,9 +75,9 @@ void tst_frmSnipVale::newMemoIsInsertedOnceThenUpdated()
     QVERIFY(e.button("WrapLine").isChecked());
     e.get<QLineEdit>("txtMemoName").setText(u" a 'name' "_s);
     QVERIFY(e.get<QPushButton>("cmdApply").isEnabled());
-    e.code().send(SCI_SETTEXT, 0, QByteArray("one"));
+    e.code().send(SCI.SETTEXT, 0, QByteArray("one"));
     e.get<QPushButton>("cmdApply").click();
-    e.code().send(SCI_SETTEXT, 0, QByteArray("two"));
+    e.code().send(SCI.SETTEXT, 0, QByteArray("two"));
     e.get<QPushButton>("cmdApply").click();
     QCOMPARE(
         e.value(
@@ -95,7 +95,7 @@ void tst_frmSnipVale::everyScriptComesBackByteForByte()
     const QByteArray text = "Привет 世界 \U0001F600 é\r\nline\rline\n\ttab\n";
     Editor e;
     e.get<QLineEdit>("txtMemoName").setText(u"x"_s);
-    e.code().send(SCI_SETTEXT, 0, text);
+    e.code().send(SCI.SETTEXT, 0, text);
     e.get<QPushButton>("cmdOK").click();
     QVERIFY(!e.window->isVisible());
     e.open(1);
@@ -179,7 +179,7 @@ void tst_frmSnipVale::linkButton()
 void tst_frmSnipVale::languageIsSwitchedLive()
 {
     Editor e;
-    e.code().send(SCI_SETTEXT, 0, QByteArray("int x = 1; // words"));
+    e.code().send(SCI.SETTEXT, 0, QByteArray("int x = 1; // words"));
     e.choose(u"C / C++"_s);
     QVERIFY(e.window->isDirty());
     e.code().SendScintilla(QsciScintillaBase::SCI_COLOURISE, 0UL, long(-1));
@@ -224,10 +224,10 @@ void tst_frmSnipVale::codeBar()
     e.button("Redo").trigger();
     QCOMPARE(e.code().text(), QByteArray());
     e.button("WrapLine").trigger();
-    QCOMPARE(e.code().send(SCI_GETWRAPMODE), 0);
+    QCOMPARE(e.code().send(SCI.GETWRAPMODE), 0);
     QVERIFY(!e.button("WrapLine").isChecked());
     e.button("WrapLine").trigger();
-    QCOMPARE(e.code().send(SCI_GETWRAPMODE), 1);
+    QCOMPARE(e.code().send(SCI.GETWRAPMODE), 1);
 }
 
 void tst_frmSnipVale::files()

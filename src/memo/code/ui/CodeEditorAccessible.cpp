@@ -26,7 +26,7 @@ int offsetIn(const ScintillaView& view, std::intptr_t position)
 // Selected bytes.
 std::pair<std::intptr_t, std::intptr_t> selectionOf(ScintillaView& view)
 {
-    return {view.send(ScintillaView::SCI_GETSELECTIONSTART), view.send(ScintillaView::SCI_GETSELECTIONEND)};
+    return {view.send(SCI.GETSELECTIONSTART), view.send(SCI.GETSELECTIONEND)};
 }
 
 QString colorText(std::intptr_t color) // red in the low byte
@@ -62,7 +62,7 @@ CodeEditorAccessible::Events CodeEditorAccessible::changeEvents(ScintillaView& v
 
 CodeEditorAccessible::Events CodeEditorAccessible::caretEvents(ScintillaView& view)
 {
-    const int caret = offsetIn(view, view.send(SCI_GETCURRENTPOS));
+    const int caret = offsetIn(view, view.send(SCI.GETCURRENTPOS));
     Events events;
     events.push_back(std::make_unique<QAccessibleTextCursorEvent>(&view, caret));
     const auto [first, last] = selectionOf(view);
@@ -89,7 +89,7 @@ QAccessible::State CodeEditorAccessible::state() const
     QAccessible::State state = QAccessibleWidget::state();
     state.multiLine = true;
     state.selectableText = true;
-    state.readOnly = m_view.send(ScintillaView::SCI_GETREADONLY) != 0;
+    state.readOnly = m_view.send(SCI.GETREADONLY) != 0;
     state.editable = !state.readOnly;
     return state;
 }
@@ -137,18 +137,18 @@ void CodeEditorAccessible::removeSelection(int index)
 void CodeEditorAccessible::setSelection(int index, int start, int end)
 {
     if (index == 0)
-        m_view.send(SCI_SETSEL, static_cast<std::uintptr_t>(positionOf(start)), positionOf(end));
+        m_view.send(SCI.SETSEL, static_cast<std::uintptr_t>(positionOf(start)), positionOf(end));
 }
 
 int CodeEditorAccessible::cursorPosition() const
 {
-    return offsetOf(m_view.send(SCI_GETCURRENTPOS));
+    return offsetOf(m_view.send(SCI.GETCURRENTPOS));
 }
 
 void CodeEditorAccessible::setCursorPosition(int position)
 {
     const std::intptr_t at = positionOf(position);
-    m_view.send(SCI_SETSEL, static_cast<std::uintptr_t>(at), at);
+    m_view.send(SCI.SETSEL, static_cast<std::uintptr_t>(at), at);
 }
 
 QString CodeEditorAccessible::text(int start, int end) const
@@ -184,9 +184,7 @@ void CodeEditorAccessible::scrollToSubstring(int start, int end)
 QString CodeEditorAccessible::attributes(int offset, int* start, int* end) const
 {
     const QByteArray utf8 = m_view.text();
-    const auto styleAt = [this](qsizetype at) {
-        return m_view.send(ScintillaView::SCI_GETSTYLEAT, static_cast<std::uintptr_t>(at));
-    };
+    const auto styleAt = [this](qsizetype at) { return m_view.send(SCI.GETSTYLEAT, static_cast<std::uintptr_t>(at)); };
     qsizetype first = bytePosition(utf8, std::max(offset, 0));
     qsizetype last = first;
     const std::intptr_t style = styleAt(first);
@@ -197,14 +195,14 @@ QString CodeEditorAccessible::attributes(int offset, int* start, int* end) const
     *start = static_cast<int>(utf16Offset(utf8, first));
     *end = static_cast<int>(utf16Offset(utf8, last));
     const auto of = [this, style](unsigned message) {
-        return m_view.send(message, static_cast<std::uintptr_t>(style));
+        return m_view.SendScintilla(message, static_cast<unsigned long>(style & 0xFF));
     };
     return u"font-family:\"%1\";font-size:%2pt;font-weight:%3;font-style:%4;color:%5;background-color:%6;"_s
         .arg(m_view.fontNameOf(static_cast<int>(style)))
-        .arg(of(ScintillaView::SCI_STYLEGETSIZE))
-        .arg(of(ScintillaView::SCI_STYLEGETBOLD) != 0 ? u"bold"_s : u"normal"_s,
-             of(ScintillaView::SCI_STYLEGETITALIC) != 0 ? u"italic"_s : u"normal"_s,
-             colorText(of(ScintillaView::SCI_STYLEGETFORE)), colorText(of(ScintillaView::SCI_STYLEGETBACK)));
+        .arg(of(QsciScintillaBase::SCI_STYLEGETSIZE))
+        .arg(of(QsciScintillaBase::SCI_STYLEGETBOLD) != 0 ? u"bold"_s : u"normal"_s,
+             of(QsciScintillaBase::SCI_STYLEGETITALIC) != 0 ? u"italic"_s : u"normal"_s,
+             colorText(of(QsciScintillaBase::SCI_STYLEGETFORE)), colorText(of(QsciScintillaBase::SCI_STYLEGETBACK)));
 }
 
 void CodeEditorAccessible::deleteText(int start, int end)
@@ -221,7 +219,7 @@ void CodeEditorAccessible::replaceText(int start, int end, const QString& text)
 {
     const auto [first, last] = std::minmax({positionOf(start), positionOf(end)});
     const QByteArray utf8 = text.toUtf8();
-    m_view.send(SCI_SETTARGETSTART, static_cast<std::uintptr_t>(first));
-    m_view.send(SCI_SETTARGETEND, static_cast<std::uintptr_t>(last));
-    m_view.send(SCI_REPLACETARGET, static_cast<std::uintptr_t>(utf8.size()), utf8);
+    m_view.send(SCI.SETTARGETSTART, static_cast<std::uintptr_t>(first));
+    m_view.send(SCI.SETTARGETEND, static_cast<std::uintptr_t>(last));
+    m_view.send(SCI.REPLACETARGET, static_cast<std::uintptr_t>(utf8.size()), utf8);
 }

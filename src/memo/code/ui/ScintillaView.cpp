@@ -3,7 +3,6 @@
 #include "memo/code/ui/ScintillaView.h"
 
 #include "memo/code/ScintillaText.h"
-#include "memo/code/cScintilla.h"
 #include "memo/code/ui/CodeEditorAccessible.h"
 
 #include <QAccessible>
@@ -20,7 +19,7 @@ constexpr std::intptr_t bookmarkColor = 0xC07020; // a blue; red is in the low b
 constexpr std::intptr_t foldBoxColor = 0x505050;
 constexpr std::intptr_t guideColor = 0xB0B0B0;
 
-void tell(const CodeEditorAccessible::Events& events)
+void announce(const CodeEditorAccessible::Events& events)
 {
     for (const auto& event : events)
         QAccessible::updateAccessibility(event.get());
@@ -43,8 +42,8 @@ ScintillaView::ScintillaView(QWidget* parent) : QsciScintillaBase(parent)
     // Lines that a fold hides come back when they are edited or their fold is torn apart.
     raw(SCI_SETAUTOMATICFOLD, SC_AUTOMATICFOLD_SHOW | SC_AUTOMATICFOLD_CHANGE);
     // The component asks for a font that few systems have.
-    send(SCI_STYLESETFONT, STYLE_DEFAULT, "Courier New"_ba);
-    send(SCI_STYLECLEARALL);
+    send(SCI.STYLESETFONT, STYLE_DEFAULT, "Courier New"_ba);
+    send(SCI.STYLECLEARALL);
     // Hollow shapes, as the component draws them, are hard to see.
     raw(SCI_MARKERSETBACK, bookmark, bookmarkColor);
     for (const std::uintptr_t box : {SC_MARKNUM_FOLDER, SC_MARKNUM_FOLDEROPEN}) {
@@ -61,7 +60,7 @@ void ScintillaView::connectNotifications()
             m_handler->onUpdateUi();
         fitNumberMargin();
         if ((what & SC_UPDATE_SELECTION) != 0 && QAccessible::isActive())
-            tell(CodeEditorAccessible::caretEvents(*this));
+            announce(CodeEditorAccessible::caretEvents(*this));
     });
     connect(this, &QsciScintillaBase::SCN_MARGINCLICK, this, [this](int position) {
         if (m_handler)
@@ -83,42 +82,44 @@ std::intptr_t ScintillaView::raw(unsigned message, std::uintptr_t wParam, std::i
     return SendScintilla(message, static_cast<unsigned long>(wParam), static_cast<long>(lParam));
 }
 
-EditorSize ScintillaView::size() const
+EditorSize ScintillaView::size(std::intptr_t sent) const
 {
-    return {raw(SCI_GETLENGTH), raw(SCI_GETLINECOUNT)};
+    return {raw(SCI_GETLENGTH), raw(SCI_GETLINECOUNT), sent};
 }
 
-std::intptr_t ScintillaView::send(unsigned message, std::uintptr_t wParam, std::intptr_t lParam)
+std::intptr_t ScintillaView::send(const EditorMessage& message, std::uintptr_t wParam, std::intptr_t lParam)
 {
-    if (!isSafeMessage(message, wParam, lParam, size()))
+    const unsigned number = message.number;
+    if (!message.wParam.allows(static_cast<std::intptr_t>(wParam), size()) || !message.lParam.allows(lParam, size()))
         return 0;
-    if (message == SCI_CONVERTEOLS && raw(SCI_GETREADONLY) != 0)
+    if (number == SCI_CONVERTEOLS && raw(SCI_GETREADONLY) != 0)
         return 0; // it would try for ever
-    if (message == SCI_SETMARGINWIDTHN && wParam == numberMargin) {
+    if (number == SCI_SETMARGINWIDTHN && wParam == numberMargin) {
         m_numberMargin = lParam;
         fitNumberMargin();
         return 0;
     }
     // "On" is -1 by custom, but the component of today wants to know the manner.
-    if (message == SCI_SETINDENTATIONGUIDES && static_cast<std::intptr_t>(wParam) < 0)
-        return raw(message, SC_IV_LOOKBOTH);
-    const std::intptr_t answer = raw(message, wParam, lParam);
-    if (message == SCI_STYLECLEARALL)
+    if (number == SCI_SETINDENTATIONGUIDES && static_cast<std::intptr_t>(wParam) < 0)
+        return raw(number, SC_IV_LOOKBOTH);
+    const std::intptr_t answer = raw(number, wParam, lParam);
+    if (number == SCI_STYLECLEARALL)
         raw(SCI_STYLESETFORE, STYLE_INDENTGUIDE, guideColor); // black dots would be louder than the code
     return answer;
 }
 
-std::intptr_t ScintillaView::send(unsigned message, std::uintptr_t wParam, const QByteArray& text)
+std::intptr_t ScintillaView::send(const EditorMessage& message, std::uintptr_t wParam, const QByteArray& text)
 {
-    if (!isSafeTextMessage(message, wParam, text.size(), size()))
+    if (!message.lParam.isText || !message.wParam.allows(static_cast<std::intptr_t>(wParam), size(text.size())))
         return 0;
     // The target outlives a text that became shorter, and would then be used without a look.
-    const bool wantsTarget = message == SCI_REPLACETARGET || message == SCI_SEARCHINTARGET;
+    const bool isSearch = message.number == SCI_SEARCHINTARGET;
+    const bool wantsTarget = isSearch || message.number == SCI_REPLACETARGET;
     if (wantsTarget && std::max(raw(SCI_GETTARGETSTART), raw(SCI_GETTARGETEND)) > raw(SCI_GETLENGTH))
         return 0;
-    if (message == SCI_SEARCHINTARGET && wParam == static_cast<std::uintptr_t>(text.size()))
+    if (isSearch && wParam == static_cast<std::uintptr_t>(text.size()))
         return searchInTarget(text);
-    return SendScintilla(message, wParam, text.constData());
+    return SendScintilla(message.number, wParam, text.constData());
 }
 
 // This build of the component knows upper and lower case of ASCII letters only.
@@ -139,11 +140,10 @@ std::intptr_t ScintillaView::searchInTarget(const QByteArray& text)
     return first;
 }
 
-std::intptr_t ScintillaView::send(unsigned message, const QByteArray& first, const QByteArray& second)
+std::intptr_t ScintillaView::send(const EditorMessage& message, const QByteArray& first, const QByteArray& second)
 {
-    if (!isSafePairMessage(message))
-        return 0;
-    return SendScintilla(message, first.constData(), second.constData());
+    const bool takesTexts = message.wParam.isText && message.lParam.isText;
+    return takesTexts ? SendScintilla(message.number, first.constData(), second.constData()) : 0;
 }
 
 QByteArray ScintillaView::text() const
@@ -180,7 +180,7 @@ void ScintillaView::setText(const QByteArray& text)
 void ScintillaView::onModified(int position, int type, const QByteArray& text)
 {
     if (QAccessible::isActive())
-        tell(CodeEditorAccessible::changeEvents(*this, position, text, (type & SC_MOD_INSERTTEXT) != 0));
+        announce(CodeEditorAccessible::changeEvents(*this, position, text, (type & SC_MOD_INSERTTEXT) != 0));
     if (m_silent == 0)
         emit edited();
 }

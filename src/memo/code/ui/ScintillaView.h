@@ -2,12 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "memo/code/CodeEditor.h"
-#include "memo/code/ScintillaCheck.h"
+#include "memo/code/cScintilla.h"
 
 #include <Qsci/qsciscintillabase.h>
-
-class cScintilla;
 
 // The widget of the code editor: Scintilla behind the messages of CodeEditor. Text is UTF-8, whatever its line
 // ends and zero bytes. Tab types a tab; Ctrl+Tab and Ctrl+Shift+Tab move the keyboard on to the next control.
@@ -19,9 +16,9 @@ public:
     // Who hears of clicks and moves. Not owned: it must outlive the view, or be taken back with nullptr.
     void setHandler(cScintilla* handler) { m_handler = handler; }
 
-    std::intptr_t send(unsigned message, std::uintptr_t wParam = 0, std::intptr_t lParam = 0) override;
-    std::intptr_t send(unsigned message, std::uintptr_t wParam, const QByteArray& text) override;
-    std::intptr_t send(unsigned message, const QByteArray& first, const QByteArray& second) override;
+    std::intptr_t send(const EditorMessage& message, std::uintptr_t wParam = 0, std::intptr_t lParam = 0) override;
+    std::intptr_t send(const EditorMessage& message, std::uintptr_t wParam, const QByteArray& text) override;
+    std::intptr_t send(const EditorMessage& message, const QByteArray& first, const QByteArray& second) override;
     QByteArray text() const override;
     void setText(const QByteArray& text) override; // caret and view go to the top, bookmarks go; not edited()
 
@@ -52,7 +49,7 @@ protected:
 
 private:
     std::intptr_t raw(unsigned message, std::uintptr_t wParam = 0, std::intptr_t lParam = 0) const;
-    EditorSize size() const;
+    EditorSize size(std::intptr_t sent = 0) const;
     std::intptr_t searchInTarget(const QByteArray& text);
     void connectNotifications();
     void onModified(int position, int type, const QByteArray& text);
