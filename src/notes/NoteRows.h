@@ -17,9 +17,4 @@ struct NoteRow {
     jet::LocalMoment date; // when it was last written; may be invalid
 };
 
-// All notes in the archive's order. Throws jet::Error; `rows` keeps what it held then.
-void readNoteRows(Archive& archive, std::vector<NoteRow>& rows);
-
-// The text as one short line: from its first lines, " - " between them, without control characters or marks that
-// turn the direction of what follows.
-QString noteHeading(const QString& content);
+std::vector<NoteRow> readNoteRows(Archive& archive); // all notes in the archive's order; throws jet::Error

@@ -77,7 +77,7 @@ void writeForOwnerOnly(const QString& path, const QByteArray& bytes)
 
 } // namespace
 
-void readPasswordRows(Archive& archive, modPassword& vault, qint32 categoryID, std::vector<PasswordRow>& rows)
+std::vector<PasswordRow> readPasswordRows(Archive& archive, modPassword& vault, qint32 categoryID)
 {
     ArchiveUnit unit(archive);
     jet::Recordset set = unit.Open(statement(categoryID));
@@ -88,18 +88,17 @@ void readPasswordRows(Archive& archive, modPassword& vault, qint32 categoryID, s
     const int userName = set.index(u"userName"_s);
     const int password = set.index(u"password"_s);
     const int url = set.index(u"URL"_s);
-    std::vector<PasswordRow> read;
+    std::vector<PasswordRow> rows;
     try {
         for (; !set.eof(); set.moveNext())
-            read.push_back({qint32(set.integer(id)), qint32(set.integer(category)), set.text(title),
+            rows.push_back({qint32(set.integer(id)), qint32(set.integer(category)), set.text(title),
                             set.text(description), vault.DecryptEntry(set.text(userName)),
                             vault.DecryptEntry(set.text(password)), set.text(url)});
     } catch (...) {
-        wipePasswordRows(read);
+        wipePasswordRows(rows);
         throw;
     }
-    rows.swap(read);
-    wipePasswordRows(read);
+    return rows;
 }
 
 void wipePasswordRows(std::vector<PasswordRow>& rows)

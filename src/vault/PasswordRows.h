@@ -20,9 +20,8 @@ struct PasswordRow {
     QString url;
 };
 
-// The accounts of a category, or all for 0, in the archive's order. Throws jet::Error; `rows` keeps what it held then.
-// The caller wipes them.
-void readPasswordRows(Archive& archive, modPassword& vault, qint32 categoryID, std::vector<PasswordRow>& rows);
+// The accounts of a category, or all for 0, in the archive's order. The caller wipes them. Throws jet::Error.
+std::vector<PasswordRow> readPasswordRows(Archive& archive, modPassword& vault, qint32 categoryID);
 void wipePasswordRows(std::vector<PasswordRow>& rows); // overwrites user names and passwords, and clears
 
 // Deletes the accounts of a list that idList() built. Throws jet::Error; nothing is deleted then.

@@ -4,7 +4,7 @@
 
 #include "jet/Database.h"
 #include "ui/widgets/Icons.h"
-#include "ui/widgets/PlainToolTip.h"
+#include "ui/widgets/ShownText.h"
 #include "ui_frmAbout.h"
 
 #include <QApplication>

@@ -6,7 +6,7 @@
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
 #include "ui/widgets/Icons.h"
-#include "ui/widgets/PlainToolTip.h"
+#include "ui/widgets/ShownText.h"
 #include "ui/widgets/Unblocked.h"
 
 #include <QApplication>

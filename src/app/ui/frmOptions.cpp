@@ -103,11 +103,13 @@ void frmOptions::loadLanguages()
 
 void frmOptions::wireFields()
 {
-    OptionsListView* list = m_ui->lvwLanguage;
-    connect(list, &OptionsListView::itemOpened, this, &frmOptions::OpenLanguage);
-    connect(list, &OptionsListView::menuRequested, this,
-            [this](const QPoint& position) { m_frame.popupMenu(u"mnuOptions"_s, position); });
-    connect(list->selectionModel(), &QItemSelectionModel::selectionChanged, this, &frmOptions::updateCommands);
+    ListView* list = m_ui->lvwLanguage;
+    connect(list, &ListView::openRequested, this, &frmOptions::OpenLanguage);
+    connect(list, &ListView::menuRequested, this, [this](const QPoint& position, bool overItem) {
+        if (overItem)
+            m_frame.popupMenu(u"mnuOptions"_s, position);
+    });
+    connect(list, &ListView::selectionMade, this, &frmOptions::updateCommands);
     connect(m_ui->cmdLanguage, &QPushButton::clicked, this, &frmOptions::OpenLanguage);
     connect(m_ui->cmdSelect, &QPushButton::clicked, this, &frmOptions::cmdSelect_Click);
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmOptions::cmdOK_Click);
@@ -123,8 +125,7 @@ void frmOptions::updateCommands()
 
 const QStandardItem* frmOptions::selectedLanguage() const
 {
-    const QModelIndexList rows = m_ui->lvwLanguage->selectionModel()->selectedRows();
-    return rows.isEmpty() ? nullptr : m_languages->itemFromIndex(rows.constFirst());
+    return m_languages->itemFromIndex(m_ui->lvwLanguage->selectedRow());
 }
 
 void frmOptions::OpenLanguage()

@@ -207,8 +207,7 @@ void DragDrop::exec(const Source& source)
     m_isAllowed = false;
     m_dropped = QPersistentModelIndex();
     const bool fromTree = source.kind == DragSource::Category;
-    const QModelIndex name =
-        m_pressed.sibling(m_pressed.row(), fromTree ? 0 : listOf(source.kind).list()->nameColumn());
+    const QModelIndex name = m_pressed.sibling(m_pressed.row(), fromTree ? 0 : listOf(source.kind).nameColumn());
     const QIcon icon = name.data(Qt::DecorationRole).value<QIcon>();
     const int count = int(source.view->selectionModel()->selectedRows().size());
     auto* data = new QMimeData;
@@ -303,13 +302,7 @@ void DragDrop::completeFromList(ElementListView& list, DragSource kind, bool ref
 // What was not moved stays selected and in its place.
 void DragDrop::fillAgain(ElementListView& list, const QModelIndex& node)
 {
-    const QStringList selected = list.selectedKeys();
-    const QString current = list.currentIndex().data(ElementListModel::KeyRole).toString();
-    const int position = list.verticalScrollBar()->value();
-    m_explorer.tvTreeView_NodeClick(node);
-    list.selectKeys(selected, current);
-    list.doItemsLayout();
-    list.verticalScrollBar()->setValue(position);
+    list.refill([&] { m_explorer.tvTreeView_NodeClick(node); });
 }
 
 // The press that began the drag selected a node, but showed nothing: the node that is shown is selected again.

@@ -3,7 +3,7 @@
 #include "explorer/ui/ElementListModel.h"
 
 #include "archive/SqlText.h"
-#include "ui/widgets/PlainToolTip.h"
+#include "ui/widgets/ShownText.h"
 
 #include <algorithm>
 #include <numeric>
@@ -73,8 +73,8 @@ QVariant ElementListModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return cellText(element, index.column());
-    case Qt::ToolTipRole: // plain text, and no more of it than fits a tip
-        return plainToolTip(cellText(element, index.column()).left(1000));
+    case Qt::ToolTipRole:
+        return plainToolTip(cellText(element, index.column()));
     case Qt::DecorationRole:
         return cellIcon(element, index.column());
     case KeyRole:

@@ -12,7 +12,6 @@
 #include "explorer/ui/ElementListModel.h"
 
 #include <QHeaderView>
-#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 
@@ -21,7 +20,8 @@ ElementPane::ElementPane(ElementListView& view, ElementListModel& model, const E
     : QObject(parent), m_view(view), m_model(model), m_context(context), m_listener(listener), m_words(std::move(words))
 {
     m_model.setParent(this);
-    m_view.setList(&m_model, sort);
+    m_view.setList(&m_model, m_model.nameColumn());
+    m_view.sortWith(sort);
     wire();
     enableNeeding(false);
 }
@@ -87,14 +87,7 @@ void ElementPane::makeContents()
 
 void ElementPane::refill()
 {
-    const QStringList keys = m_view.selectedKeys();
-    const QModelIndex current = m_view.currentIndex();
-    const QString currentKey = current.isValid() ? m_model.keyOf(current.row()) : QString();
-    const int seen = m_view.verticalScrollBar()->value();
-    makeContents();
-    m_view.selectKeys(keys, currentKey);
-    m_view.doItemsLayout();
-    m_view.verticalScrollBar()->setValue(seen);
+    m_view.refill([this] { makeContents(); });
 }
 
 void ElementPane::UpdateStatusBar()
@@ -114,12 +107,7 @@ QStringList ElementPane::selectedKeys() const
 
 qint32 ElementPane::selectedId() const
 {
-    const QStringList selected = selectedKeys();
-    if (selected.isEmpty())
-        return 0;
-    const QModelIndex current = m_view.currentIndex();
-    const QString currentKey = current.isValid() ? m_model.keyOf(current.row()) : QString();
-    return leadingNumber(selected.contains(currentKey) ? currentKey : selected.first());
+    return m_view.isVisibleTo(m_view.window()) ? m_view.selectedId() : 0;
 }
 
 void ElementPane::newElement()
@@ -151,6 +139,6 @@ void ElementPane::deleteElements()
         if (ids.empty() || !mayDeleteElements(m_context.archive.questions()))
             return;
         deleteRows(idList(ids));
-        refill();
+        m_view.refillAfterDelete([this] { makeContents(); });
     });
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/ui/ExplorerTreeView.h"
 
-#include "ui/widgets/PictureDelegate.h"
+#include "ui/widgets/CellDelegate.h"
 
 #include <QContextMenuEvent>
 #include <QGuiApplication>
@@ -12,7 +12,7 @@
 ExplorerTreeView::ExplorerTreeView(QWidget* parent) : QTreeView(parent)
 {
     setHeaderHidden(true);
-    setItemDelegate(new PictureDelegate(this));
+    setItemDelegate(new CellDelegate(this));
     setEditTriggers(NoEditTriggers);
     setExpandsOnDoubleClick(true);
     setUniformRowHeights(true);

@@ -37,7 +37,8 @@ SearchPane::SearchPane(Ui::frmSnipValeS& ui, const ExplorerContext& context, Sor
                        SearchListModel::PathOf pathOf, QObject* parent)
     : QObject(parent), m_ui(ui), m_context(context), m_model(new SearchListModel(std::move(pathOf), this))
 {
-    m_ui.lvwSearch->setList(m_model, sort);
+    m_ui.lvwSearch->setList(m_model, SearchListModel::NameColumn);
+    m_ui.lvwSearch->sortWith(sort);
     const int unit = m_ui.lvwSearch->fontMetrics().averageCharWidth();
     m_ui.lvwSearch->header()->resizeSection(SearchListModel::NameColumn, unit * 50);
     m_ui.lvwSearch->header()->resizeSection(SearchListModel::CategoryColumn, unit * 40);

@@ -4,20 +4,15 @@
 
 #include "desktop/TextForms.h"
 #include "notes/ui/NoteColors.h"
-
-#include <algorithm>
+#include "ui/widgets/ShownText.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// The text as it stands, and no more of it than fits a tip.
 QString tip(const NoteRow& row)
 {
-    constexpr qsizetype longest = 1000; // characters
-    const QString text = row.content.size() > longest ? row.content.left(longest) + u'…' : row.content;
-    return u"<p style='white-space:pre-wrap'>"_s + text.toHtmlEscaped() + u"</p><p><i>"_s +
-        shortMoment(row.date.date, row.date.time) + u"</i></p>"_s;
+    return plainToolTip(row.content) + u"<p><i>"_s + shortMoment(row.date.date, row.date.time) + u"</i></p>"_s;
 }
 
 } // namespace
@@ -29,10 +24,9 @@ void NoteListModel::setRows(std::vector<NoteRow> rows)
     endResetModel();
 }
 
-int NoteListModel::rowOf(qint32 id) const
+QString NoteListModel::keyOf(qint32 id)
 {
-    const auto row = std::find_if(m_rows.begin(), m_rows.end(), [&](const NoteRow& note) { return note.id == id; });
-    return row == m_rows.end() ? -1 : int(row - m_rows.begin());
+    return QString::number(id) + u" ItemID"_s;
 }
 
 int NoteListModel::rowCount(const QModelIndex& parent) const
@@ -49,13 +43,13 @@ QVariant NoteListModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return row.content;
     case Qt::AccessibleTextRole:
-        return noteHeading(row.content);
+        return shownHeading(row.content);
     case Qt::ToolTipRole:
         return tip(row);
     case Qt::DecorationRole:
         return noteIcon(row.color);
-    case KeyRole:
-        return QString::number(row.id) + u" ItemID"_s;
+    case Qt::UserRole:
+        return keyOf(row.id);
     default:
         return {};
     }

@@ -10,13 +10,10 @@
 class NoteListModel final : public QAbstractListModel {
     Q_OBJECT
 public:
-    enum Role { KeyRole = Qt::UserRole };
-
     using QAbstractListModel::QAbstractListModel;
 
     void setRows(std::vector<NoteRow> rows);
-    int rowOf(qint32 id) const; // -1 when there is no such note
-    qint32 idOf(int row) const { return m_rows[size_t(row)].id; }
+    static QString keyOf(qint32 id);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;

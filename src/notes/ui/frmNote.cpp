@@ -5,8 +5,8 @@
 #include "archive/Archive.h"
 #include "desktop/Clock.h"
 #include "desktop/TextForms.h"
-#include "notes/NoteRows.h"
 #include "notes/ui/NoteColors.h"
+#include "ui/widgets/ShownText.h"
 #include "ui_frmNote.h"
 
 #include <QCloseEvent>
@@ -168,7 +168,7 @@ void frmNote::showHeading()
     QString heading;
     for (QTextBlock block = m_ui->txtContent->document()->begin(); block.isValid() && heading.isEmpty();
          block = block.next())
-        heading = noteHeading(block.text());
+        heading = shownHeading(block.text());
     if (heading.isEmpty())
         heading = u"New note"_s;
     setWindowTitle(heading.replace("[*]"_L1, "[*][*]"_L1)); // which would be the mark of a modified window

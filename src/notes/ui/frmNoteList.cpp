@@ -9,15 +9,34 @@
 #include "notes/ui/NoteColors.h"
 #include "notes/ui/NoteListModel.h"
 #include "notes/ui/NoteWindows.h"
+#include "ui/widgets/CellDelegate.h"
+#include "ui/widgets/ShownText.h"
 #include "ui_frmNoteList.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+class HeadingCells final : public CellDelegate {
+public:
+    explicit HeadingCells(QObject* parent) : CellDelegate(parent, 0) { }
+    QString displayText(const QVariant& value, const QLocale&) const override { return shownHeading(value.toString()); }
+    // As wide as the list; what does not fit ends with dots.
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override
+    {
+        constexpr int gap = 8; // pixels of air between two lines
+        return {1, std::max(option.fontMetrics.height(), option.decorationSize.height()) + gap};
+    }
+};
+
+} // namespace
 
 frmNoteList::frmNoteList(const NoteListContext& context, QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::frmNoteList>()), m_context(context), m_model(new NoteListModel(this))
 {
     m_ui->setupUi(this);
     m_ui->lvwNote->setList(m_model);
+    m_ui->lvwNote->setItemDelegate(new HeadingCells(m_ui->lvwNote));
     wire();
     MakeLvwContents();
 }
@@ -30,22 +49,25 @@ frmNoteList::~frmNoteList()
 
 void frmNoteList::wire()
 {
-    const NoteListView* list = m_ui->lvwNote;
-    connect(list, &NoteListView::openRequested, this, &frmNoteList::ModifyNote);
-    connect(list, &NoteListView::newRequested, this, &frmNoteList::NewNote);
-    connect(list, &NoteListView::deleteRequested, this, &frmNoteList::DeleteNote);
-    connect(list, &NoteListView::selectionMade, this, &frmNoteList::enableCommands);
-    connect(list, &NoteListView::menuRequested, this,
+    const ListView* list = m_ui->lvwNote;
+    connect(list, &ListView::openRequested, this, &frmNoteList::ModifyNote);
+    connect(list, &ListView::newRequested, this, &frmNoteList::NewNote);
+    connect(list, &ListView::deleteRequested, this, &frmNoteList::DeleteNote);
+    connect(list, &ListView::selectionMade, this, &frmNoteList::enableCommands);
+    connect(list, &ListView::menuRequested, this,
             [this](const QPoint& position) { m_context.frame.popupMenu(u"mnuNote"_s, position); });
     connect(&m_context.windows, &NoteWindows::notesWritten, this, &frmNoteList::notesWritten);
 }
 
 void frmNoteList::MakeLvwContents()
 {
+    fill(&ListView::refill);
+}
+
+void frmNoteList::fill(void (ListView::*refill)(const std::function<void()>&))
+{
     trapErrors(m_context.desktop.questions, u"MakeLvwContents"_s, [&] {
-        std::vector<NoteRow> rows;
-        readNoteRows(m_context.archive, rows);
-        m_ui->lvwNote->refill(std::move(rows));
+        (m_ui->lvwNote->*refill)([this] { m_model->setRows(readNoteRows(m_context.archive)); });
         if (m_isInFront)
             UpdateStatusBar();
     });
@@ -78,7 +100,7 @@ void frmNoteList::notesWritten(qint32 newNote)
 {
     MakeLvwContents();
     if (newNote != 0)
-        m_ui->lvwNote->selectOnly(newNote);
+        m_ui->lvwNote->selectKey(NoteListModel::keyOf(newNote));
 }
 
 void frmNoteList::NewNote()
@@ -114,7 +136,7 @@ void frmNoteList::DeleteNote()
         }
         for (const qint32 id : ids)
             m_context.windows.discard(id);
-        MakeLvwContents();
+        fill(&ListView::refillAfterDelete);
     });
 }
 

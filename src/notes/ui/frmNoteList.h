@@ -6,8 +6,10 @@
 #include "notes/cNote.h"
 
 #include <QWidget>
+#include <functional>
 #include <memory>
 
+class ListView;
 class NoteListModel;
 class NoteWindows;
 struct Desktop;
@@ -43,6 +45,7 @@ public:
 
 private:
     void wire();
+    void fill(void (ListView::*refill)(const std::function<void()>&));
     void enableCommands();
     void notesWritten(qint32 newNote);
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/ui/ToDoControls.h"
 
-#include "ui/widgets/PlainToolTip.h"
+#include "ui/widgets/ShownText.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>

@@ -9,7 +9,7 @@
 #include "tasks/ui/TaskPictures.h"
 #include "ui/widgets/Icons.h"
 #include "ui/widgets/OptionalDate.h"
-#include "ui/widgets/PlainToolTip.h"
+#include "ui/widgets/ShownText.h"
 #include "ui/widgets/Unblocked.h"
 #include "ui_frmAlarm.h"
 

@@ -3,32 +3,16 @@
 #include "vault/ui/PasswordListModel.h"
 
 #include "ui/widgets/Icons.h"
-
-#include <algorithm>
+#include "ui/widgets/ShownText.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype mostShown = 1000; // characters of a cell or a tip: laying out a megabyte takes seconds
-
 QIcon notSpecified()
 {
     static const QIcon icon = themedIcon(u"question"_s);
     return icon;
-}
-
-// On one line and without what would turn the text after it around.
-QString printable(const QString& text)
-{
-    QString shown = text.left(mostShown);
-    for (QChar& c : shown) {
-        const bool turns = (c >= QChar(0x202A) && c <= QChar(0x202E)) || (c >= QChar(0x2066) && c <= QChar(0x2069));
-        if (turns || c.category() == QChar::Other_Control || c == QChar::LineSeparator ||
-            c == QChar::ParagraphSeparator)
-            c = u' ';
-    }
-    return shown;
 }
 
 } // namespace
@@ -55,6 +39,11 @@ void PasswordListModel::setPasswordsShown(bool shown)
     m_isShown = shown;
     if (!m_rows.empty())
         emit dataChanged(index(0, Password), index(int(m_rows.size()) - 1, Password));
+}
+
+QString PasswordListModel::keyOf(qint32 id)
+{
+    return QString::number(id) + u" ItemID"_s;
 }
 
 int PasswordListModel::rowCount(const QModelIndex& parent) const
@@ -92,15 +81,14 @@ QVariant PasswordListModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return cellText(row, index.column());
-    case Qt::ToolTipRole: // plain text; asterisks tell nothing
-        return index.column() == Password && !m_isShown ? QString()
-                                                        : cellText(row, index.column()).left(mostShown).toHtmlEscaped();
+    case Qt::ToolTipRole: // asterisks tell nothing
+        return index.column() == Password && !m_isShown ? QString() : plainToolTip(cellText(row, index.column()));
     case Qt::DecorationRole:
         return isWithoutCategory ? QVariant(notSpecified()) : QVariant();
     case Qt::AccessibleDescriptionRole: // what the picture says
         return isWithoutCategory ? u"Category not specified"_s : QString();
     case KeyRole:
-        return QString(QString::number(row.id) + u" ItemID"_s);
+        return keyOf(row.id);
     case TagRole:
         return index.column() == Password ? QVariant(row.password) : QVariant();
     default:
@@ -114,24 +102,4 @@ QVariant PasswordListModel::headerData(int section, Qt::Orientation orientation,
     if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section >= 0 && section < ColumnCount)
         return titles[section];
     return {};
-}
-
-QString OneLineDelegate::displayText(const QVariant& value, const QLocale&) const
-{
-    return printable(value.toString());
-}
-
-QSize OneLineDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
-{
-    const QSize size = QStyledItemDelegate::sizeHint(option, index);
-    return {size.width(), std::max(size.height(), option.decorationSize.height() + 2)};
-}
-
-void OneLineDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
-{
-    const QSize picture = option->decorationSize;
-    QStyledItemDelegate::initStyleOption(option, index);
-    option->decorationSize = picture;
-    if (index.column() == 0)
-        option->features |= QStyleOptionViewItem::HasDecoration; // also where there is none
 }

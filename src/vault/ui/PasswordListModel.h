@@ -5,7 +5,6 @@
 #include "vault/PasswordRows.h"
 
 #include <QAbstractTableModel>
-#include <QStyledItemDelegate>
 
 // The accounts of the password list in the archive's order. Passwords show as eight asterisks or, while they are
 // shown, as themselves; the tag of a password's cell is the password either way.
@@ -19,6 +18,7 @@ public:
     ~PasswordListModel() override; // wipes
 
     void setRows(std::vector<PasswordRow> rows); // the rows before are wiped
+    static QString keyOf(qint32 id);
     void setPasswordsShown(bool shown);
     bool passwordsShown() const { return m_isShown; }
 
@@ -32,17 +32,4 @@ private:
 
     std::vector<PasswordRow> m_rows;
     bool m_isShown = false;
-};
-
-// Paints a cell as one short line, however long and odd its text is; garbage may hold any character. Texts of the
-// first column begin at one place, with a picture or without one.
-class OneLineDelegate final : public QStyledItemDelegate {
-    Q_OBJECT
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-    QString displayText(const QVariant& value, const QLocale& locale) const override;
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-
-protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 };

@@ -6,11 +6,11 @@
 #include "archive/ErrorTrap.h"
 #include "archive/SqlText.h"
 #include "desktop/Questions.h"
+#include "ui/widgets/CellDelegate.h"
 #include "ui/widgets/Icons.h"
 #include "ui/widgets/RawText.h"
 #include "ui_frmPasswordCategory.h"
 #include "vault/PasswordCategories.h"
-#include "vault/ui/PasswordListModel.h"
 
 #include <QKeyEvent>
 #include <QSignalBlocker>
@@ -23,7 +23,7 @@ frmPasswordCategory::frmPasswordCategory(Archive& archive, QWidget* parent)
 {
     m_ui->setupUi(this);
     QTreeWidget& list = *m_ui->lvwCategory;
-    list.setItemDelegate(new OneLineDelegate(&list));
+    list.setItemDelegate(new CellDelegate(&list, 0));
     list.header()->setSortIndicator(-1, Qt::AscendingOrder); // as in the archive until a header is clicked
     list.setSortingEnabled(true);
     list.header()->resizeSection(0, fontMetrics().averageCharWidth() * 28);

@@ -10,7 +10,6 @@
 #include "desktop/Desktop.h"
 #include "desktop/FrameServices.h"
 #include "desktop/Questions.h"
-#include "ui/widgets/Selection.h"
 #include "ui_frmPasswordS.h"
 #include "vault/PasswordCategories.h"
 #include "vault/cPassword.h"
@@ -19,11 +18,7 @@
 #include "vault/ui/frmPassword.h"
 #include "vault/ui/frmPasswordCategory.h"
 
-#include <QContextMenuEvent>
-#include <QKeyEvent>
-#include <QMouseEvent>
-#include <QScrollBar>
-#include <QSet>
+#include <QHeaderView>
 #include <QSignalBlocker>
 #include <QSortFilterProxyModel>
 #include <algorithm>
@@ -47,22 +42,39 @@ frmPasswordS::~frmPasswordS() = default;
 
 void frmPasswordS::prepareList()
 {
-    QTreeView& list = *m_ui->lvwPassword;
+    ListView& list = *m_ui->lvwPassword;
     m_sorted->setSortCaseSensitivity(Qt::CaseInsensitive);
     m_sorted->setSortLocaleAware(true);
     m_sorted->setSourceModel(m_model);
-    list.setModel(m_sorted);
-    list.setItemDelegate(new OneLineDelegate(&list));
+    list.setList(m_sorted);
     list.header()->setSortIndicator(-1, Qt::AscendingOrder); // as in the archive until a header is clicked
     list.setSortingEnabled(true);
     static constexpr int widths[] = {28, 32, 24, 22}; // characters; the address has the rest
     const int unit = list.fontMetrics().averageCharWidth();
     for (int column = 0; column < int(std::size(widths)); ++column)
         list.header()->resizeSection(column, unit * widths[column]);
-    list.installEventFilter(this);
-    list.viewport()->installEventFilter(this);
-    connect(&list, &QTreeView::doubleClicked, this, &frmPasswordS::ModifyPassword);
-    connect(list.selectionModel(), &QItemSelectionModel::selectionChanged, this, &frmPasswordS::enableCommands);
+    connect(&list, &ListView::openRequested, this, &frmPasswordS::ModifyPassword);
+    connect(&list, &ListView::newRequested, this, &frmPasswordS::NewPassword);
+    connect(&list, &ListView::deleteRequested, this, &frmPasswordS::DeletePassword);
+    connect(&list, &ListView::selectionMade, this, &frmPasswordS::enableCommands);
+    connect(&list, &ListView::menuRequested, this,
+            [this](const QPoint& position) { m_context.frame.popupMenu(u"mnuPassword"_s, position); });
+    addKeys();
+}
+
+// Here Ctrl+N is an account, not a memo. Copying is never left to the list, which would put a password on the clipboard
+// for good.
+void frmPasswordS::addKeys()
+{
+    const auto add = [this](QKeyCombination key, void (frmPasswordS::*routine)()) {
+        m_ui->lvwPassword->addKey(key, [this, routine] { (this->*routine)(); });
+    };
+    add(Qt::CTRL | Qt::Key_N, &frmPasswordS::NewPassword);
+    add(Qt::CTRL | Qt::Key_C, &frmPasswordS::ClipboardPasswordCopy);
+    add(Qt::CTRL | Qt::Key_Insert, &frmPasswordS::ClipboardPasswordCopy);
+    add(Qt::CTRL | Qt::Key_B, &frmPasswordS::ClipboardUsernameCopy);
+    add(Qt::CTRL | Qt::SHIFT | Qt::Key_C, &frmPasswordS::ClipboardUsernameCopy);
+    add(Qt::CTRL | Qt::Key_U, &frmPasswordS::VisitURLPassword);
 }
 
 bool frmPasswordS::isUnlocked() const
@@ -125,20 +137,17 @@ qint32 frmPasswordS::category() const
 
 void frmPasswordS::MakeLvwContents()
 {
+    fill(&ListView::refill);
+}
+
+void frmPasswordS::fill(void (ListView::*refill)(const std::function<void()>&))
+{
     trapErrors(m_context.archive.questions(), u"MakeLvwContents"_s, [&] {
-        std::vector<PasswordRow> rows;
-        if (isUnlocked())
-            readPasswordRows(m_context.archive, m_context.vault, category(), rows);
-        const std::vector<qint32> selected = selectedIds();
-        const qint32 current = leadingNumber(selectedRow().data(PasswordListModel::KeyRole).toString());
-        QScrollBar& bar = *m_ui->lvwPassword->verticalScrollBar();
-        const int seen = bar.value();
-        m_model->setRows(std::move(rows));
-        select(selected, current);
-        m_ui->lvwPassword->doItemsLayout();
-        bar.setValue(seen);
+        (m_ui->lvwPassword->*refill)([this] {
+            m_model->setRows(isUnlocked() ? readPasswordRows(m_context.archive, m_context.vault, category())
+                                          : std::vector<PasswordRow>());
+        });
         UpdateStatusBar();
-        enableCommands();
     });
 }
 
@@ -147,50 +156,10 @@ void frmPasswordS::UpdateStatusBar()
     m_context.frame.setStatus(u"Password -  items: "_s + QString::number(m_model->rowCount()));
 }
 
-void frmPasswordS::select(const std::vector<qint32>& ids, qint32 current)
-{
-    if (ids.empty())
-        return;
-    const QSet<qint32> wanted(ids.begin(), ids.end());
-    QModelIndex focus;
-    const QItemSelection selection = selectionOf(*m_sorted, [&](int row) {
-        const QModelIndex item = m_sorted->index(row, 0);
-        const qint32 id = leadingNumber(item.data(PasswordListModel::KeyRole).toString());
-        if (id == current && wanted.contains(id))
-            focus = item;
-        return wanted.contains(id);
-    });
-    QItemSelectionModel& model = *m_ui->lvwPassword->selectionModel();
-    if (focus.isValid())
-        model.setCurrentIndex(focus, QItemSelectionModel::NoUpdate);
-    model.select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-}
-
-std::vector<qint32> frmPasswordS::selectedIds() const
-{
-    QModelIndexList rows = m_ui->lvwPassword->selectionModel()->selectedRows();
-    std::sort(rows.begin(), rows.end());
-    std::vector<qint32> ids;
-    for (const QModelIndex& row : rows)
-        ids.push_back(leadingNumber(row.data(PasswordListModel::KeyRole).toString()));
-    return ids;
-}
-
-QModelIndex frmPasswordS::selectedRow() const
-{
-    const QItemSelectionModel& model = *m_ui->lvwPassword->selectionModel();
-    const QModelIndex current = model.currentIndex().siblingAtColumn(0);
-    if (current.isValid() && model.isSelected(current))
-        return current;
-    const QModelIndexList rows = model.selectedRows();
-    const auto first = std::min_element(rows.begin(), rows.end());
-    return first == rows.end() ? QModelIndex() : *first;
-}
-
 QString frmPasswordS::cell(int column) const
 {
     const int role = column == PasswordListModel::Password ? int(PasswordListModel::TagRole) : int(Qt::DisplayRole);
-    return selectedRow().siblingAtColumn(column).data(role).toString();
+    return m_ui->lvwPassword->selectedRow().siblingAtColumn(column).data(role).toString();
 }
 
 void frmPasswordS::NewPassword()
@@ -203,9 +172,8 @@ void frmPasswordS::ModifyPassword()
 {
     if (!isUnlocked())
         return;
-    const QModelIndex row = selectedRow();
-    if (row.isValid())
-        openEditor(leadingNumber(row.data(PasswordListModel::KeyRole).toString()));
+    if (const qint32 id = m_ui->lvwPassword->selectedId())
+        openEditor(id);
     else
         m_context.archive.questions().ask(u"Please select the Password you want to modify!"_s,
                                           MessageStyle::Information);
@@ -220,9 +188,7 @@ void frmPasswordS::openEditor(qint32 id)
         if (!editor.Form_Load() || editor.exec() != QDialog::Accepted)
             return;
         MakeLvwContents();
-        const qint32 saved = m_context.viewFilter.EditingModePasswordID;
-        select({saved}, saved);
-        m_ui->lvwPassword->scrollTo(m_ui->lvwPassword->currentIndex());
+        m_ui->lvwPassword->selectKey(PasswordListModel::keyOf(m_context.viewFilter.EditingModePasswordID));
     });
     m_context.password.clear();
 }
@@ -230,13 +196,13 @@ void frmPasswordS::openEditor(qint32 id)
 void frmPasswordS::DeletePassword()
 {
     trapErrors(m_context.archive.questions(), u"DeletePassword"_s, [&] {
-        const std::vector<qint32> ids = selectedIds();
+        const std::vector<qint32> ids = m_ui->lvwPassword->selectedIds();
         if (ids.empty() || !isUnlocked())
             return;
         if (!mayDeleteElements(m_context.archive.questions()))
             return;
         deletePasswords(m_context.archive, idList(ids));
-        MakeLvwContents();
+        fill(&ListView::refillAfterDelete);
     });
 }
 
@@ -250,7 +216,7 @@ void frmPasswordS::HideShowPwd()
 
 void frmPasswordS::ClipboardUsernameCopy()
 {
-    if (!selectedRow().isValid())
+    if (!m_ui->lvwPassword->selectedRow().isValid())
         return;
     m_context.desktop.clipboard.copySecret(cell(PasswordListModel::UserName));
     m_context.frame.setStatus(u"User name copied. The clipboard is cleared soon."_s);
@@ -258,7 +224,7 @@ void frmPasswordS::ClipboardUsernameCopy()
 
 void frmPasswordS::ClipboardPasswordCopy()
 {
-    if (!selectedRow().isValid())
+    if (!m_ui->lvwPassword->selectedRow().isValid())
         return;
     m_context.desktop.clipboard.copySecret(cell(PasswordListModel::Password));
     m_context.frame.setStatus(u"Password copied. The clipboard is cleared soon."_s);
@@ -266,7 +232,7 @@ void frmPasswordS::ClipboardPasswordCopy()
 
 void frmPasswordS::VisitURLPassword()
 {
-    if (!selectedRow().isValid())
+    if (!m_ui->lvwPassword->selectedRow().isValid())
         return;
     const QString url = cell(PasswordListModel::Url);
     if (url.isEmpty()) {
@@ -281,7 +247,7 @@ void frmPasswordS::ExportPasswordsToTextFile()
     if (!isUnlocked())
         return;
     Questions& questions = m_context.archive.questions();
-    if (selectedIds().empty()) {
+    if (!m_ui->lvwPassword->selectedRow().isValid()) {
         questions.ask(u"You must select passwords to export"_s, MessageStyle::Exclamation);
         return;
     }
@@ -289,7 +255,7 @@ void frmPasswordS::ExportPasswordsToTextFile()
         m_context.desktop.files.saveFile(u"Choose file name..."_s, u"Text file(*.TXT) |*.TXT"_s, u"TXT"_s);
     if (!path)
         return;
-    const std::vector<qint32> ids = selectedIds();
+    const std::vector<qint32> ids = m_ui->lvwPassword->selectedIds();
     if (ids.empty()) {
         questions.ask(u"Select password to export on file."_s, MessageStyle::Exclamation);
         return;
@@ -324,83 +290,4 @@ void frmPasswordS::Lock()
     enableCommands();
     m_context.frame.showView(u"Memo"_s);
     m_context.frame.setStatus(u"Passwords locked"_s);
-}
-
-// The keys of the list. They come before commands of the frame with the same ones: here Ctrl+N is an account, not a
-// memo. Copying is never left to the list, which would put a password on the clipboard for good.
-namespace {
-
-using Routine = void (frmPasswordS::*)();
-
-Routine routineOf(const QKeyEvent& key)
-{
-    switch (key.key() | int(key.modifiers() & ~Qt::KeypadModifier)) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_F2:
-        return &frmPasswordS::ModifyPassword;
-    case Qt::Key_Delete:
-        return &frmPasswordS::DeletePassword;
-    case Qt::Key_Insert:
-    case int(Qt::CTRL) | Qt::Key_N:
-        return &frmPasswordS::NewPassword;
-    case int(Qt::CTRL) | Qt::Key_C:
-    case int(Qt::CTRL) | Qt::Key_Insert:
-        return &frmPasswordS::ClipboardPasswordCopy;
-    case int(Qt::CTRL) | Qt::Key_B:
-    case int(Qt::CTRL | Qt::SHIFT) | Qt::Key_C:
-        return &frmPasswordS::ClipboardUsernameCopy;
-    case int(Qt::CTRL) | Qt::Key_U:
-        return &frmPasswordS::VisitURLPassword;
-    default:
-        return nullptr;
-    }
-}
-
-} // namespace
-
-bool frmPasswordS::runKey(const QKeyEvent& key)
-{
-    const bool isPress = key.type() == QEvent::KeyPress;
-    if (const Routine routine = routineOf(key)) {
-        if (isPress)
-            (this->*routine)();
-        return true;
-    }
-    // Typing ahead looks through the titles, whatever column was clicked.
-    QItemSelectionModel& model = *m_ui->lvwPassword->selectionModel();
-    if (isPress && model.currentIndex().column() > 0)
-        model.setCurrentIndex(model.currentIndex().siblingAtColumn(0), QItemSelectionModel::NoUpdate);
-    return false;
-}
-
-void frmPasswordS::popupMenu(const QPoint& screenPosition)
-{
-    enableCommands();
-    m_context.frame.popupMenu(u"mnuPassword"_s, screenPosition);
-}
-
-bool frmPasswordS::eventFilter(QObject* watched, QEvent* event)
-{
-    const QTreeView& list = *m_ui->lvwPassword;
-    switch (event->type()) {
-    case QEvent::KeyPress:
-    case QEvent::ShortcutOverride:
-        if (!runKey(static_cast<const QKeyEvent&>(*event)))
-            return false;
-        event->accept();
-        return true;
-    case QEvent::MouseButtonRelease: // the mouse asks when its button goes up
-        if (const auto& mouse = static_cast<const QMouseEvent&>(*event); mouse.button() == Qt::RightButton)
-            popupMenu(mouse.globalPosition().toPoint());
-        return false;
-    case QEvent::ContextMenu:
-        if (static_cast<const QContextMenuEvent&>(*event).reason() == QContextMenuEvent::Keyboard) {
-            const QModelIndex row = selectedRow();
-            popupMenu(list.viewport()->mapToGlobal(row.isValid() ? list.visualRect(row).center() : QPoint(8, 8)));
-        }
-        return true;
-    default:
-        return QWidget::eventFilter(watched, event);
-    }
 }

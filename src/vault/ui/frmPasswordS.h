@@ -3,13 +3,13 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 #include <memory>
-#include <vector>
 
 class Archive;
 class FrameServices;
+class ListView;
 class PasswordListModel;
-class QKeyEvent;
 class QSortFilterProxyModel;
 class cPassword;
 class cViewFilter;
@@ -57,19 +57,13 @@ public:
     void showCategories();
     void Lock(); // forgets and wipes everything, and goes to the memos
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override; // keys and menu of the list
-
 private:
     void prepareList();
-    bool runKey(const QKeyEvent& key);
-    void popupMenu(const QPoint& screenPosition);
+    void addKeys();
+    void fill(void (ListView::*refill)(const std::function<void()>&));
     bool isUnlocked() const;
     bool mayCommand() const; // in front and unlocked
     void openEditor(qint32 id);
-    void select(const std::vector<qint32>& ids, qint32 current);
-    std::vector<qint32> selectedIds() const; // in list order
-    QModelIndex selectedRow() const; // the current one, else the first selected; invalid without one
     QString cell(int column) const; // of the selected row
     qint32 category() const;
 

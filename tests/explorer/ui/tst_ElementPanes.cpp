@@ -246,7 +246,7 @@ void tst_ElementPanes::menusAndCommands()
     QVERIFY(areEnabled(true));
     QTest::mouseClick(view.viewport(), Qt::RightButton, {}, QPoint(50, view.viewport()->height() - 10));
     QVERIFY(areEnabled(false));
-    view.selectKey(view.list()->keyOf(0));
+    view.selectKey(view.keyOf(0));
     QVERIFY(areEnabled(true));
     QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
     QCoreApplication::sendEvent(view.viewport(), &menuKey);

@@ -61,7 +61,8 @@ struct Notes : UiFixture {
     {
         view.clearSelection();
         for (const int row : rows)
-            view.selectionModel()->setCurrentIndex(view.model()->index(row, 0), QItemSelectionModel::Select);
+            view.selectionModel()->setCurrentIndex(view.model()->index(row, 0),
+                                                   QItemSelectionModel::Select | QItemSelectionModel::Rows);
     }
     QStringList changes() // the statements since the last call that wrote
     {
@@ -85,7 +86,7 @@ struct Notes : UiFixture {
     cNote record{archive};
     NoteWindows windows{archive};
     frmNoteList list{{archive, desktop, frame, record, windows}, nullptr};
-    QListView& view = *list.findChild<QListView*>(u"lvwNote"_s);
+    QTreeView& view = *list.findChild<QTreeView*>(u"lvwNote"_s);
 };
 
 } // namespace

@@ -5,7 +5,6 @@
 #include "archive/Archive.h"
 #include "archive/ElementQuestions.h"
 #include "archive/ErrorTrap.h"
-#include "archive/SqlText.h"
 #include "desktop/Desktop.h"
 #include "desktop/FrameServices.h"
 #include "desktop/Questions.h"
@@ -20,7 +19,6 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QStandardItemModel>
-#include <QStyledItemDelegate>
 #include <algorithm>
 #include <stdexcept>
 
@@ -29,20 +27,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString openCommand = u"miOptionsLanguageDetailsOpen"_s;
-
-// A colour stays to be seen in the selected row.
-class ColorCells : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
-    {
-        QStyledItemDelegate::initStyleOption(option, index);
-        if (index.data(Qt::BackgroundRole).isValid())
-            option->state &= ~QStyle::State_Selected;
-    }
-};
 
 QStandardItem* colorItem(const std::optional<qint64>& value)
 {
@@ -82,13 +66,14 @@ frmOptionsLanguage::frmOptionsLanguage(Archive& archive, const Desktop& desktop,
     m_styles->setHorizontalHeaderLabels({u"Number"_s, u"Enable"_s, u"Description"_s, u"Font name"_s, u"Font size"_s,
                                          u"Fore color"_s, u"Back color"_s, u"Bold"_s, u"Italic"_s, u"Underline"_s,
                                          u"Case"_s, u"Invisible"_s});
-    OptionsListView* list = m_ui->lvwLanguage;
+    ListView* list = m_ui->lvwLanguage;
     list->setModel(m_styles);
-    list->setItemDelegate(new ColorCells(list));
-    connect(list, &OptionsListView::itemOpened, this, &frmOptionsLanguage::OpenDetails);
-    connect(list, &OptionsListView::menuRequested, this,
-            [this](const QPoint& position) { m_frame.popupMenu(u"mnuOptionsLanguage"_s, position); });
-    connect(list->selectionModel(), &QItemSelectionModel::selectionChanged, this, &frmOptionsLanguage::updateCommands);
+    connect(list, &ListView::openRequested, this, &frmOptionsLanguage::OpenDetails);
+    connect(list, &ListView::menuRequested, this, [this](const QPoint& position, bool overItem) {
+        if (overItem)
+            m_frame.popupMenu(u"mnuOptionsLanguage"_s, position);
+    });
+    connect(list, &ListView::selectionMade, this, &frmOptionsLanguage::updateCommands);
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmOptionsLanguage::cmdOK_Click);
     connect(m_ui->cmdClose, &QPushButton::clicked, this, &frmOptionsLanguage::reject);
 }
@@ -114,7 +99,7 @@ bool frmOptionsLanguage::Form_Load(qint32 memoTypeID, const QString& name)
 // All columns are seen at once where the screen is wide enough.
 void frmOptionsLanguage::fitColumns()
 {
-    OptionsListView* list = m_ui->lvwLanguage;
+    ListView* list = m_ui->lvwLanguage;
     for (int column = 0; column < m_styles->columnCount(); ++column)
         list->resizeColumnToContents(column);
     const int frame = 2 * list->frameWidth() + list->verticalScrollBar()->sizeHint().width() +
@@ -134,14 +119,11 @@ bool frmOptionsLanguage::MakelvwLanguageContents()
 {
     return trapErrors(m_desktop.questions, u"MakelvwLanguageContents"_s, [this] {
         const std::vector<StyleRow> styles = readStyles(m_archive, m_memoTypeID);
-        const QString key = selectedKey();
-        const int scrolled = m_ui->lvwLanguage->verticalScrollBar()->value();
-        m_styles->removeRows(0, m_styles->rowCount());
-        for (const StyleRow& style : styles)
-            addStyle(style);
-        selectStyle(key);
-        m_ui->lvwLanguage->verticalScrollBar()->setValue(scrolled);
-        updateCommands();
+        m_ui->lvwLanguage->refill([&] {
+            m_styles->removeRows(0, m_styles->rowCount());
+            for (const StyleRow& style : styles)
+                addStyle(style);
+        });
     });
 }
 
@@ -157,33 +139,19 @@ void frmOptionsLanguage::addStyle(const StyleRow& style)
                          cell(caseText(style.letterCase)), yes(style.isInvisible)});
 }
 
-void frmOptionsLanguage::selectStyle(const QString& key)
-{
-    const QModelIndexList found =
-        m_styles->match(m_styles->index(0, 0), Qt::UserRole, key, 1, Qt::MatchExactly | Qt::MatchCaseSensitive);
-    if (!key.isEmpty() && !found.isEmpty())
-        m_ui->lvwLanguage->setCurrentIndex(found.constFirst());
-}
-
-QString frmOptionsLanguage::selectedKey() const
-{
-    const QModelIndexList rows = m_ui->lvwLanguage->selectionModel()->selectedRows();
-    return rows.isEmpty() ? QString() : rows.constFirst().data(Qt::UserRole).toString();
-}
-
 void frmOptionsLanguage::updateCommands()
 {
-    m_frame.enableCommand(openCommand, !selectedKey().isEmpty());
+    m_frame.enableCommand(openCommand, m_ui->lvwLanguage->selectedRow().isValid());
 }
 
 void frmOptionsLanguage::OpenDetails()
 {
-    const QString key = selectedKey();
-    if (key.isEmpty())
+    const qint32 styleID = m_ui->lvwLanguage->selectedId();
+    if (!m_ui->lvwLanguage->selectedRow().isValid())
         return;
     frmOptionsLanguageDetails details(
         m_archive, m_desktop, m_name, [this] { MakelvwLanguageContents(); }, this);
-    if (details.Form_Load(leadingNumber(key)))
+    if (details.Form_Load(styleID))
         details.exec();
 }
 

@@ -39,8 +39,6 @@ public slots:
 private:
     void fitColumns();
     void addStyle(const StyleRow& style);
-    void selectStyle(const QString& key);
-    QString selectedKey() const;
     void updateCommands();
     void loadKeywords();
     QString keywords() const;
