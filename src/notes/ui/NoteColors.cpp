@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "notes/ui/NoteColors.h"
 
+#include "ui/widgets/Colors.h"
 #include "ui/widgets/DrawnIcon.h"
 
 #include <QHash>
 #include <QPainter>
 #include <QPainterPath>
 #include <QToolTip>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -20,29 +20,10 @@ constexpr QRgb lightGreen = qRgb(0x80, 0xFF, 0x80);
 // the days when they had one, and white is readable on it.
 constexpr QRgb desktopBlue = qRgb(0x3A, 0x6E, 0xA5);
 
-// Relative luminance and contrast ratio of the Web Content Accessibility Guidelines 2.1.
-double luminance(const QColor& color)
-{
-    const auto linear = [](double channel) {
-        return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor& a, const QColor& b)
-{
-    const double x = luminance(a) + 0.05;
-    const double y = luminance(b) + 0.05;
-    return x > y ? x / y : y / x;
-}
-
 // The text colour of the palette may be meant for another background: that of a dark desktop vanishes on light red.
 QColor readableInk(const QColor& paper, const QColor& wanted)
 {
-    constexpr double enough = 4.5; // for text of usual size, by the same guidelines
-    if (contrast(paper, wanted) >= enough)
-        return wanted;
-    return contrast(paper, Qt::black) >= contrast(paper, Qt::white) ? Qt::black : Qt::white;
+    return contrast(paper, wanted) >= wellRead ? wanted : blackOrWhiteOn(paper);
 }
 
 QColor tint(const QString& name)

@@ -2,16 +2,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "desktop/Desktop.h"
-
 #include <QColor>
+#include <optional>
 
-// Picks a colour through the dialogs' seam, which speaks in 0x00BBGGRR. Empty when the user cancelled.
-inline std::optional<QColor> pickColor(FileDialogs& files, const QColor& initial)
-{
-    const auto bgr = std::uint32_t(initial.red() | initial.green() << 8 | initial.blue() << 16);
-    const auto chosen = files.pickColor(bgr);
-    if (!chosen)
-        return std::nullopt;
-    return QColor(int(*chosen & 0xFF), int(*chosen >> 8 & 0xFF), int(*chosen >> 16 & 0xFF));
-}
+class FileDialogs;
+
+// Colours as numbers are 0x00BBGGRR, red in the low byte: so the archive, the code editor and the dialogs' seam have
+// them.
+QColor colorOfNumber(std::uint32_t bgr);
+std::uint32_t numberOfColor(const QColor& color);
+
+// Relative luminance (0 to 1) and contrast ratio (1 to 21) of the Web Content Accessibility Guidelines 2.1.
+double luminance(const QColor& color);
+double contrast(const QColor& a, const QColor& b);
+constexpr double wellRead = 4.5; // the contrast that those ask for text of usual size
+
+QColor blackOrWhiteOn(const QColor& paper); // whichever is easier to read
+
+// Lets the user pick one; empty when that was cancelled.
+std::optional<QColor> pickColor(FileDialogs& files, const QColor& initial);
