@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "BenchArchive.h"
 
-#include "archive/Upgrade.h"
+#include "archive/Archive.h"
 
 #include <QFile>
 #include <QHash>

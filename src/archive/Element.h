@@ -49,3 +49,14 @@ public:
     // The archive holds a new state of the element: show its category again and select its item.
     virtual void elementSaved(const ElementKey& key) = 0;
 };
+
+// What the next editor of each kind is to edit: the element's identifier, or 0 for a new one. Whoever opens an
+// editor writes it; the editor writes the new identifier back after its first save.
+class cViewFilter {
+public:
+    qint32 EditingModeMemoID = 0;
+    qint32 EditingModeBookmarkID = 0;
+    qint32 EditingModeToDoID = 0;
+    qint32 EditingModeCategoryID = 0;
+    qint32 EditingModePasswordID = 0;
+};

@@ -3,7 +3,6 @@
 #include "archive/cCategory.h"
 
 #include "archive/Archive.h"
-#include "archive/CategoryTree.h"
 #include "archive/ErrorTrap.h"
 #include "archive/SqlText.h"
 

@@ -26,3 +26,7 @@ public:
     virtual Answer ask(const QString& text, MessageStyle style, const QString& title) = 0;
     Answer ask(const QString& text, MessageStyle style) { return ask(text, style, QStringLiteral("SnipVale")); }
 };
+
+// What every list and every editor asks alike. True for Yes, which is never the default.
+bool mayDeleteElements(Questions& questions); // the selected ones, of any kind
+bool mayDropChanges(Questions& questions); // an editor with unsaved changes is closed

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "archive/CategoryTree.h"
+#include "archive/cCategory.h"
 
 #include <vector>
 

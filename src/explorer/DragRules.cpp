@@ -3,8 +3,8 @@
 #include "explorer/DragRules.h"
 
 #include "archive/Archive.h"
-#include "archive/CategoryTree.h"
 #include "archive/SqlText.h"
+#include "archive/cCategory.h"
 
 using namespace Qt::StringLiterals;
 

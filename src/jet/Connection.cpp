@@ -4,9 +4,9 @@
 
 #include "jet/Database.h"
 #include "jet/Dialect.h"
+#include "jet/Error.h"
 #include "jet/Query.h"
 #include "jet/SqlFunctions.h"
-#include "jet/SqliteError.h"
 
 #include <sqlite3.h>
 
@@ -30,7 +30,7 @@ void runChange(sqlite3* database, const Statement& statement)
 {
     Query query(database, statement.sql);
     for (size_t i = 0; i < statement.binds.size(); ++i)
-        query.bind(static_cast<int>(i) + 1, statement.binds[i]);
+        query.bind(int(i) + 1, statement.binds[i]);
     while (query.step()) { }
 }
 
@@ -123,7 +123,7 @@ QStringList Connection::tables()
         "SELECT name FROM sqlite_schema WHERE type = 'table' AND substr(name, 1, 7) <> 'sqlite_' ORDER BY name");
     while (query.step()) {
         const std::string_view name = query.text(0);
-        names.append(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+        names.append(QString::fromUtf8(name.data(), qsizetype(name.size())));
     }
     return names;
 }

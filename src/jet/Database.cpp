@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "jet/Database.h"
 
+#include "jet/Error.h"
 #include "jet/Files.h"
 #include "jet/Query.h"
 #include "jet/SqlFunctions.h"
-#include "jet/SqliteError.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -52,14 +52,14 @@ struct Header {
 Header readHeader(const QByteArray& name)
 {
     sqlite3_vfs* vfs = sqlite3_vfs_find(nullptr);
-    std::vector<std::max_align_t> memory(static_cast<size_t>(vfs->szOsFile) / sizeof(std::max_align_t) + 1);
+    std::vector<std::max_align_t> memory(size_t(vfs->szOsFile) / sizeof(std::max_align_t) + 1);
     auto* file = reinterpret_cast<sqlite3_file*>(memory.data());
     // SQLite expects a file name of its own kind, with empty parameters behind it.
     const QByteArray full = name + QByteArray(4, '\0');
     int result = vfs->xOpen(vfs, full.constData(), file, SQLITE_OPEN_READONLY | SQLITE_OPEN_MAIN_DB, nullptr);
     if (result == SQLITE_OK) {
         std::array<unsigned char, 100> bytes{};
-        result = file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()), 0);
+        result = file->pMethods->xRead(file, bytes.data(), int(bytes.size()), 0);
         file->pMethods->xClose(file);
         if (result == SQLITE_IOERR_SHORT_READ)
             return {};

@@ -219,7 +219,7 @@ std::optional<Moment> readAny(std::string_view utf8, DateOrder order)
         return moment;
     if (utf8.size() > 200) // no date is that long, and what follows is slow
         return std::nullopt;
-    const QString text = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    const QString text = QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
     if (const auto moment = MomentReader(plainText(text, QLocale()).toStdString(), order).read())
         return moment;
     for (const QLocale& locale : {QLocale(), QLocale::c()})
@@ -246,7 +246,7 @@ std::optional<Moment> readStored(std::string_view text)
     for (const unsigned part : n)
         if (part > 99)
             return std::nullopt;
-    const auto at = [&](size_t i) { return static_cast<int>(n[i]); };
+    const auto at = [&](size_t i) { return int(n[i]); };
     return Moment{at(0) * 100 + at(1), at(2), at(3), at(4), at(5), at(6)};
 }
 
@@ -271,13 +271,13 @@ std::string dateFromSerial(double days)
     if (!(days > -657435 && days < 2958466))
         fail("Overflow: not a date");
     // Below zero too, the fraction counts forward within the day.
-    QDate date = QDate(1899, 12, 30).addDays(static_cast<qint64>(days));
+    QDate date = QDate(1899, 12, 30).addDays(qint64(days));
     qint64 seconds = std::llround(std::fabs(days - std::trunc(days)) * 86400.0);
     if (seconds == 86400) {
         date = date.addDays(1);
         seconds = 0;
     }
-    const Moment moment = momentOf(date, QTime(0, 0).addSecs(static_cast<int>(seconds)));
+    const Moment moment = momentOf(date, QTime(0, 0).addSecs(int(seconds)));
     if (!moment.isValid())
         fail("Overflow: not a date");
     return stored(moment);
@@ -300,7 +300,7 @@ LocalMoment readMoment(std::string_view text)
         return {};
     if (const auto moment = readAny(text, DateOrder::MonthFirst))
         return local(*moment);
-    const QString iso = QString::fromUtf8(text.data(), static_cast<qsizetype>(std::min<size_t>(text.size(), 60)));
+    const QString iso = QString::fromUtf8(text.data(), qsizetype(std::min<size_t>(text.size(), 60)));
     const QDateTime moment = QDateTime::fromString(iso, Qt::ISODate).toLocalTime();
     return {moment.date(), moment.time()};
 }

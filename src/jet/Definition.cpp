@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "jet/Definition.h"
+#include "jet/Dialect.h"
 
 #include "jet/Query.h"
-#include "jet/Schema.h"
+#include "jet/Tokenizer.h"
 
 #include <map>
 

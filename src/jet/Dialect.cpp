@@ -3,9 +3,8 @@
 #include "jet/Dialect.h"
 
 #include "jet/Dates.h"
-#include "jet/Definition.h"
-#include "jet/Schema.h"
-#include "jet/TokenCursor.h"
+#include "jet/Query.h"
+#include "jet/Tokenizer.h"
 
 #include <array>
 
@@ -216,7 +215,7 @@ private:
             m_cursor.goTo(end);
             return;
         }
-        put("jet_store(" + std::to_string(static_cast<int>(type.type)) + "," + std::to_string(type.size) + ",");
+        put("jet_store(" + std::to_string(int(type.type)) + "," + std::to_string(type.size) + ",");
         bind(column);
         put(",");
         copyUntil(end);

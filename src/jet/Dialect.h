@@ -12,6 +12,8 @@ struct sqlite3;
 
 namespace jet {
 
+class TokenCursor;
+
 // What one statement of the Jet 4 dialect (ANSI-92 wildcards) becomes: SQL of SQLite with a ? for each bind.
 struct Statement {
     enum Kind { Query, Change, Definition } kind = Query;
@@ -23,6 +25,9 @@ struct Statement {
 // The file's own schema tells the types of the columns. Throws Error, also for every kind of statement that is
 // not SELECT, INSERT, UPDATE, DELETE, CREATE or DROP of a table or an index. Linear in the length of the text.
 Statement translate(std::string_view sql, sqlite3* database);
+
+// CREATE and DROP of tables and indexes, for translate(); the cursor stands at that word.
+Statement translateDefinition(TokenCursor cursor, sqlite3* database);
 
 // "name", with quotes inside it doubled.
 std::string quotedName(std::string_view name);

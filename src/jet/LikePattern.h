@@ -2,14 +2,41 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "jet/ByteSearch.h"
-
 #include <optional>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 namespace jet {
+
+// Looks for folded text inside UTF-8 text. Two bytes of the needle, the rarest ones, are looked for sixteen
+// places at a time; the letters around them are compared only where both are found.
+class ByteSearch {
+public:
+    explicit ByteSearch(std::u32string needle); // folded characters, at least one
+
+    bool isIn(std::string_view text) const { return m_isAscii ? findAscii(text) : findLetter(text); }
+
+private:
+    struct Spelling { // one way to write a letter beyond ASCII
+        char first, last;
+        int length;
+    };
+
+    void chooseRarest();
+    void spell(char32_t letter);
+    bool findAscii(std::string_view text) const;
+    bool findLetter(std::string_view text) const;
+    bool asciiAt(const char* p) const;
+    bool lettersAround(const char* letter, const char* begin, const char* end) const;
+
+    std::u32string m_needle;
+    std::string m_ascii; // the needle in bytes when it has no other letters
+    bool m_isAscii = true;
+    size_t m_anchor = 0, m_second = 0; // where in the needle to look first
+    std::vector<Spelling> m_spellings; // of the letter at m_anchor, when not ASCII
+};
 
 // A compiled LIKE pattern of the ANSI-92 kind: % for any run, _ for any character, [list], [a-z] and [!list]
 // (or [^list]) for one of a list; [%] is how to ask for a percent sign. Letter case never counts.

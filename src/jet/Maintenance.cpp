@@ -4,10 +4,10 @@
 
 #include "jet/Database.h"
 #include "jet/Dialect.h"
+#include "jet/Error.h"
 #include "jet/Files.h"
 #include "jet/Query.h"
 #include "jet/Salvage.h"
-#include "jet/SqliteError.h"
 
 #include <QDir>
 #include <QFile>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "jet/Query.h"
 
-#include "jet/SqliteError.h"
+#include "jet/Error.h"
 
 #include <sqlite3.h>
 
@@ -19,7 +19,7 @@ Query::Query(sqlite3* database, std::string_view sql) : m_database(database)
     const char* rest = nullptr;
     if (sql.size() > 1'000'000'000)
         throwSqliteError(nullptr, SQLITE_TOOBIG);
-    const int result = sqlite3_prepare_v2(database, sql.data(), static_cast<int>(sql.size()), &raw, &rest);
+    const int result = sqlite3_prepare_v2(database, sql.data(), int(sql.size()), &raw, &rest);
     m_statement.reset(raw);
     if (result != SQLITE_OK)
         throwSqliteError(database, result);
@@ -64,7 +64,7 @@ std::string_view Query::text(int column) const
 {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(handle(), column));
     const int size = sqlite3_column_bytes(handle(), column);
-    return text && size > 0 ? std::string_view(text, static_cast<size_t>(size)) : std::string_view();
+    return text && size > 0 ? std::string_view(text, size_t(size)) : std::string_view();
 }
 
 std::int64_t Query::integer(int column) const
@@ -82,6 +82,26 @@ std::string firstText(sqlite3* database, std::string_view sql)
 {
     Query query(database, sql);
     return query.step() ? std::string(query.text(0)) : std::string();
+}
+
+std::optional<ColumnType> columnType(sqlite3* database, const std::string& table, const std::string& column)
+{
+    const char* declared = nullptr;
+    const int result = sqlite3_table_column_metadata(database, nullptr, table.c_str(), column.c_str(), &declared,
+                                                     nullptr, nullptr, nullptr, nullptr);
+    if (result == SQLITE_OK)
+        return typeFromName(declared ? declared : "");
+    if ((result & 0xFF) != SQLITE_ERROR)
+        throwSqliteError(database, result);
+    return std::nullopt;
+}
+
+bool isCounterKey(sqlite3* database, const std::string& table, const std::string& column)
+{
+    int isKey = 0, counts = 0;
+    return sqlite3_table_column_metadata(database, nullptr, table.c_str(), column.c_str(), nullptr, nullptr, nullptr,
+                                         &isKey, &counts) == SQLITE_OK &&
+        isKey && counts;
 }
 
 } // namespace jet

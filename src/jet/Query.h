@@ -5,6 +5,7 @@
 #include "jet/Types.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -37,5 +38,12 @@ private:
 
 void runSql(sqlite3* database, const std::string& sql); // any number of statements, rows ignored
 std::string firstText(sqlite3* database, std::string_view sql); // "" when there is no row
+
+// The declared type of a column, asked of the file itself, in any letter case. Nothing when there is no such
+// column. Throws Error when the file cannot be read.
+std::optional<ColumnType> columnType(sqlite3* database, const std::string& table, const std::string& column);
+
+// True for the counter key of a table: a column that is never Null. False also when there is no such column.
+bool isCounterKey(sqlite3* database, const std::string& table, const std::string& column);
 
 } // namespace jet

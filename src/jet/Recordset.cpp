@@ -5,7 +5,6 @@
 #include "jet/Dates.h"
 #include "jet/Dialect.h"
 #include "jet/Query.h"
-#include "jet/Schema.h"
 
 #include <algorithm>
 #include <sqlite3.h>
@@ -55,7 +54,7 @@ void Recordset::State::open(const std::string& sql, const std::vector<Cell>& bin
 {
     auto opened = std::make_unique<Query>(database, sql);
     for (size_t i = 0; i < binds.size(); ++i)
-        opened->bind(static_cast<int>(i) + 1, binds[i]);
+        opened->bind(int(i) + 1, binds[i]);
     const bool any = opened->step();
     query = std::move(opened);
     row = query->handle();
@@ -89,10 +88,10 @@ int Recordset::State::find(const std::string& name) const
     const auto byName =
         std::find_if(columns.begin(), columns.end(), [&](const Column& c) { return upper(c.name) == wanted; });
     if (byName != columns.end())
-        return static_cast<int>(byName - columns.begin());
+        return int(byName - columns.begin());
     const auto full =
         std::find_if(columns.begin(), columns.end(), [&](const Column& c) { return upper(c.qualified) == wanted; });
-    return full == columns.end() ? -1 : static_cast<int>(full - columns.begin());
+    return full == columns.end() ? -1 : int(full - columns.begin());
 }
 
 // The one table that a new row goes to.
@@ -186,13 +185,13 @@ LocalMoment Recordset::moment(int column) const
 void Recordset::AddNew(const QStringList& names, const std::vector<Value>& values)
 {
     m->pending.reset();
-    if (names.isEmpty() || static_cast<size_t>(names.size()) != values.size())
+    if (names.isEmpty() || size_t(names.size()) != values.size())
         throw Error(u"Number of query values and destination fields are not the same."_s);
     const std::string table = m->table();
     auto row = std::make_unique<State::NewRow>();
     std::string columns, marks;
     for (size_t i = 0; i < values.size(); ++i) {
-        const std::string name = names[static_cast<qsizetype>(i)].toStdString();
+        const std::string name = names[qsizetype(i)].toStdString();
         const auto type = columnType(m->database, table, name);
         if (!type)
             index(u'?' + QString::fromStdString(name)); // throws the usual description
@@ -212,7 +211,7 @@ void Recordset::Update()
     const std::string table = m->table();
     Query insert(m->database, row->sql);
     for (size_t i = 0; i < row->cells.size(); ++i)
-        insert.bind(static_cast<int>(i) + 1, row->cells[i]);
+        insert.bind(int(i) + 1, row->cells[i]);
     // The row with its key read back, or nothing.
     runSql(m->database, "SAVEPOINT jet_new");
     try {

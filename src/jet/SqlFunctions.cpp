@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "jet/SqlFunctions.h"
 
+#include "jet/Error.h"
 #include "jet/LikePattern.h"
-#include "jet/SqliteError.h"
 #include "jet/TextRules.h"
 #include "jet/Types.h"
 
@@ -17,7 +17,7 @@ namespace {
 std::string_view textOf(sqlite3_value* value)
 {
     const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-    return text ? std::string_view(text, static_cast<size_t>(sqlite3_value_bytes(value))) : std::string_view();
+    return text ? std::string_view(text, size_t(sqlite3_value_bytes(value))) : std::string_view();
 }
 
 Cell cellOf(sqlite3_value* value)
@@ -64,7 +64,7 @@ void likeFunction(sqlite3_context* context, int, sqlite3_value** values)
 void storeFunction(sqlite3_context* context, int, sqlite3_value** values)
 {
     try {
-        const ColumnType type{static_cast<Type>(sqlite3_value_int(values[0])), sqlite3_value_int(values[1])};
+        const ColumnType type{Type(sqlite3_value_int(values[0])), sqlite3_value_int(values[1])};
         giveResult(context, coerce(cellOf(values[3]), type, textOf(values[2])));
     } catch (const std::exception& error) {
         sqlite3_result_error(context, error.what(), -1);
@@ -73,8 +73,7 @@ void storeFunction(sqlite3_context* context, int, sqlite3_value** values)
 
 int compareFunction(void*, int aSize, const void* a, int bSize, const void* b)
 {
-    return compareText({static_cast<const char*>(a), static_cast<size_t>(aSize)},
-                       {static_cast<const char*>(b), static_cast<size_t>(bSize)});
+    return compareText({static_cast<const char*>(a), size_t(aSize)}, {static_cast<const char*>(b), size_t(bSize)});
 }
 
 bool isPlainFunction(std::string_view name)
@@ -85,7 +84,7 @@ bool isPlainFunction(std::string_view name)
         "replace", "round", "rtrim",     "substr",   "sum",   "total", "trim",     "typeof", "upper"};
     std::string lower(name);
     std::transform(lower.begin(), lower.end(), lower.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; });
+                   [](char c) { return c >= 'A' && c <= 'Z' ? char(c | 0x20) : c; });
     return std::find(known.begin(), known.end(), lower) != known.end();
 }
 

@@ -86,7 +86,7 @@ size_t Tokens::readNumber(std::string_view sql, size_t at)
 {
     double ignored = 0;
     const char* const from = sql.data() + at;
-    const auto length = static_cast<size_t>(std::from_chars(from, sql.data() + sql.size(), ignored).ptr - from);
+    const auto length = size_t(std::from_chars(from, sql.data() + sql.size(), ignored).ptr - from);
     m_tokens.push_back({Token::Number, std::string(sql.substr(at, length)), {}});
     return at + length;
 }

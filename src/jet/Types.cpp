@@ -44,7 +44,7 @@ std::string_view trimmed(std::string_view text)
 double toNumber(const Cell& value, std::string_view column)
 {
     if (const auto* integer = std::get_if<std::int64_t>(&value))
-        return static_cast<double>(*integer);
+        return double(*integer);
     if (const auto* real = std::get_if<double>(&value))
         return *real;
     std::string_view text = trimmed(std::get<std::string>(value));
@@ -62,7 +62,7 @@ Cell toInteger(const Cell& value, double low, double high, std::string_view colu
     const double number = std::nearbyint(toNumber(value, column)); // halves go to the even neighbour
     if (!(number >= low && number <= high))
         fail("Overflow in '" + std::string(column) + "'");
-    return static_cast<std::int64_t>(number);
+    return std::int64_t(number);
 }
 
 // YESNO knows no Null, and True is -1 whatever was assigned.
@@ -105,7 +105,7 @@ std::ptrdiff_t utf16Units(std::string_view utf8)
 std::string toShortText(Cell value, int size, std::string_view column)
 {
     std::string text = toText(std::move(value));
-    if (text.size() > static_cast<size_t>(size) && utf16Units(text) > size)
+    if (text.size() > size_t(size) && utf16Units(text) > size)
         fail("The field is too small to accept the amount of data you attempted to add: '" + std::string(column) + "'");
     return text;
 }
@@ -117,13 +117,8 @@ std::string upper(std::string_view text)
     std::string result(text);
     for (char& c : result)
         if (c >= 'a' && c <= 'z')
-            c = static_cast<char>(c & ~0x20);
+            c = char(c & ~0x20);
     return result;
-}
-
-void fail(const std::string& description)
-{
-    throw Error(QString::fromStdString(description));
 }
 
 ColumnType typeFromName(std::string_view declared)

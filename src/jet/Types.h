@@ -32,6 +32,5 @@ Cell toCell(const Value& value);
 Cell numberCell(const std::string& digits, bool negative); // infinite beyond any range, which coerce() refuses
 
 std::string upper(std::string_view text); // ASCII only: names and words of SQL
-[[noreturn]] void fail(const std::string& description); // throws Error; UTF-8
 
 } // namespace jet

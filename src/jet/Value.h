@@ -2,22 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "jet/Error.h"
+
 #include <QDateTime>
 #include <QString>
-#include <stdexcept>
 #include <variant>
 
 namespace jet {
-
-// A failure of the engine. what() is UTF-8, written for the user.
-class Error : public std::runtime_error {
-public:
-    explicit Error(const QString& description, int sqliteCode = 0);
-    int code() const { return m_code; } // extended SQLite result code, 0 for an error of the dialect
-
-private:
-    int m_code;
-};
 
 // A moment as it stands in the archive, without a time zone's rules. Both parts are valid or none is.
 struct LocalMoment {

@@ -3,10 +3,9 @@
 #include "support/CoreSupport.h"
 #include "support/Registry.h"
 
-#include "archive/CategoryTree.h"
+#include "archive/Archive.h"
 #include "archive/ErrorTrap.h"
 #include "archive/SqlText.h"
-#include "archive/Upgrade.h"
 #include "archive/cCategory.h"
 
 #include <QtTest>

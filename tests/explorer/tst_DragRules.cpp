@@ -3,8 +3,8 @@
 #include "support/CoreSupport.h"
 #include "support/Registry.h"
 
-#include "archive/CategoryTree.h"
-#include "archive/Upgrade.h"
+#include "archive/Archive.h"
+#include "archive/cCategory.h"
 #include "explorer/CategoryRows.h"
 #include "explorer/DragRules.h"
 

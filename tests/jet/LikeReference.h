@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "jet/Letters.h"
+#include "jet/TextRules.h"
 
 #include <string>
 

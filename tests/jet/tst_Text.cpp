@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "jet/Letters.h"
 #include "jet/LikePattern.h"
 #include "jet/TextRules.h"
 #include "jet/Value.h"

@@ -5,7 +5,6 @@
 #include "support/UiSupport.h"
 
 #include "archive/Element.h"
-#include "archive/cViewFilter.h"
 
 #include <QLineEdit>
 #include <QPushButton>

@@ -4,7 +4,7 @@
 
 #include "support/CoreSupport.h"
 
-#include "archive/Upgrade.h"
+#include "archive/Archive.h"
 #include "tasks/cToDo.h"
 
 // An archive that was started once, and to-dos with reminders.

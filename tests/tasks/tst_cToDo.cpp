@@ -3,8 +3,8 @@
 #include "support/CoreSupport.h"
 #include "support/Registry.h"
 
+#include "archive/Archive.h"
 #include "archive/SqlText.h"
-#include "archive/Upgrade.h"
 #include "tasks/cToDo.h"
 #include "tasks/modToDo.h"
 

@@ -4,8 +4,8 @@
 
 #include "app/modSnipVale.h"
 #include "app/ui/frmMain.h"
+#include "archive/Archive.h"
 #include "archive/ErrorTrap.h"
-#include "archive/Upgrade.h"
 #include "desktop/Desktop.h"
 #include "desktop/PreviousInstance.h"
 #include "desktop/Questions.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "archive/cViewFilter.h"
+#include "archive/Element.h"
 #include "explorer/ui/ExplorerView.h"
 #include "notes/ui/NoteWindows.h"
 #include "notes/ui/frmNoteList.h"

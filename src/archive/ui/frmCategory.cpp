@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "archive/ui/frmCategory.h"
 
-#include "archive/CategoryTree.h"
 #include "archive/ErrorTrap.h"
 #include "archive/SqlText.h"
 #include "archive/cCategory.h"

@@ -3,9 +3,9 @@
 #include "explorer/ui/BookmarkPane.h"
 
 #include "archive/Archive.h"
+#include "archive/Element.h"
 #include "archive/ErrorTrap.h"
 #include "archive/cCategory.h"
-#include "archive/cViewFilter.h"
 #include "desktop/Desktop.h"
 #include "explorer/ui/BookmarkListModel.h"
 #include "memo/ui/frmBookmark.h"

@@ -3,7 +3,6 @@
 #include "explorer/ui/ElementPane.h"
 
 #include "archive/Archive.h"
-#include "archive/ElementQuestions.h"
 #include "archive/ErrorTrap.h"
 #include "archive/SqlText.h"
 #include "archive/cCategory.h"

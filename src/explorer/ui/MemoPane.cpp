@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/ui/MemoPane.h"
 
+#include "archive/Element.h"
 #include "archive/SqlText.h"
 #include "archive/cCategory.h"
-#include "archive/cViewFilter.h"
 #include "explorer/ui/MemoListModel.h"
 #include "memo/ui/MemoPrint.h"
 #include "memo/ui/frmSnipVale.h"

@@ -3,9 +3,9 @@
 #include "explorer/ui/ToDoPane.h"
 
 #include "archive/Archive.h"
+#include "archive/Element.h"
 #include "archive/ErrorTrap.h"
 #include "archive/cCategory.h"
-#include "archive/cViewFilter.h"
 #include "explorer/ui/ToDoListModel.h"
 #include "tasks/modToDo.h"
 #include "tasks/ui/frmToDo.h"

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "archive/CategoryTree.h"
 #include "archive/Element.h"
+#include "archive/cCategory.h"
 #include "explorer/ui/ElementListView.h"
 #include "explorer/ui/ExplorerContext.h"
 

@@ -5,7 +5,6 @@
 #include "archive/Archive.h"
 #include "archive/Element.h"
 #include "archive/ErrorTrap.h"
-#include "archive/cViewFilter.h"
 #include "desktop/Desktop.h"
 #include "desktop/TextFile.h"
 #include "desktop/TextForms.h"

@@ -4,7 +4,7 @@
 
 #include "desktop/Desktop.h"
 #include "desktop/PreviousInstance.h"
-#include "desktop/ui/QtQuestions.h"
+#include "desktop/ui/QtDesktop.h"
 
 #include <QWidget>
 #include <deque>

@@ -3,7 +3,6 @@
 #include "ui/widgets/ElementEditor.h"
 
 #include "archive/Archive.h"
-#include "archive/ElementQuestions.h"
 #include "archive/ElementRecord.h"
 #include "archive/ErrorTrap.h"
 #include "desktop/Questions.h"

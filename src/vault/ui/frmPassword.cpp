@@ -3,8 +3,8 @@
 #include "vault/ui/frmPassword.h"
 
 #include "archive/Archive.h"
+#include "archive/Element.h"
 #include "archive/ErrorTrap.h"
-#include "archive/cViewFilter.h"
 #include "desktop/Desktop.h"
 #include "desktop/SecretMemory.h"
 #include "desktop/TextForms.h"

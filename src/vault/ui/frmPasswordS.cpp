@@ -3,10 +3,9 @@
 #include "vault/ui/frmPasswordS.h"
 
 #include "archive/Archive.h"
-#include "archive/ElementQuestions.h"
+#include "archive/Element.h"
 #include "archive/ErrorTrap.h"
 #include "archive/SqlText.h"
-#include "archive/cViewFilter.h"
 #include "desktop/Desktop.h"
 #include "desktop/FrameServices.h"
 #include "desktop/Questions.h"

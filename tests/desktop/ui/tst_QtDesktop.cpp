@@ -3,9 +3,8 @@
 #include "support/Registry.h"
 #include "support/UiSupport.h"
 
-#include "desktop/SocketInstance.h"
-#include "desktop/ui/QtFileDialogs.h"
-#include "desktop/ui/QtQuestions.h"
+#include "desktop/PreviousInstance.h"
+#include "desktop/ui/QtDesktop.h"
 
 #include <QFileDialog>
 #include <QMessageBox>

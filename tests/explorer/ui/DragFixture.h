@@ -4,8 +4,8 @@
 
 #include "support/UiSupport.h"
 
+#include "archive/Element.h"
 #include "archive/cCategory.h"
-#include "archive/cViewFilter.h"
 #include "explorer/ui/CategoryTreeModel.h"
 #include "explorer/ui/DropHover.h"
 #include "explorer/ui/ExplorerTreeView.h"

@@ -3,7 +3,7 @@
 
 // The languages, styles and keywords of the shipped archive, in the editor that shows them.
 
-#include "archive/Upgrade.h"
+#include "archive/Archive.h"
 #include "memo/code/cScintilla.h"
 #include "memo/code/ui/ScintillaView.h"
 #include "support/CoreSupport.h"

@@ -4,7 +4,6 @@
 #include "support/UiSupport.h"
 
 #include "archive/Element.h"
-#include "archive/cViewFilter.h"
 #include "memo/cMemo.h"
 #include "memo/code/ui/ScintillaView.h"
 #include "memo/ui/MemoPrint.h"

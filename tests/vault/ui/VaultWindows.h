@@ -5,7 +5,7 @@
 #include "support/UiSupport.h"
 #include "vault/VaultFixture.h"
 
-#include "archive/cViewFilter.h"
+#include "archive/Element.h"
 
 class VaultFrame : public FakeFrame {
 public:

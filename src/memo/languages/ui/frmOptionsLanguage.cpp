@@ -3,7 +3,6 @@
 #include "memo/languages/ui/frmOptionsLanguage.h"
 
 #include "archive/Archive.h"
-#include "archive/ElementQuestions.h"
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
 #include "desktop/FrameServices.h"

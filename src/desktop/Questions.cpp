@@ -1,7 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "archive/ElementQuestions.h"
-
 #include "desktop/Questions.h"
 
 using namespace Qt::StringLiterals;

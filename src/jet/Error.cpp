@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "jet/SqliteError.h"
+#include "jet/Error.h"
 
 #include <QFile>
 #include <sqlite3.h>
@@ -38,6 +38,17 @@ QString describeReadOnly(int code, const QString& file)
 }
 
 } // namespace
+
+Error::Error(const QString& description, int sqliteCode)
+    : std::runtime_error((description.isEmpty() ? u"Unknown error of the archive"_s : description).toStdString()),
+      m_code(sqliteCode)
+{
+}
+
+void fail(const std::string& description)
+{
+    throw Error(QString::fromStdString(description));
+}
 
 QString describeSqlite(int code, const QString& engineText, const QString& path)
 {

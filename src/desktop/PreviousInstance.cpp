@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/SocketInstance.h"
+#include "desktop/PreviousInstance.h"
 
 #include <QCryptographicHash>
 #include <QFileInfo>
@@ -11,9 +11,6 @@
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
-#endif
-
-#ifdef Q_OS_LINUX
 
 namespace {
 

@@ -2,11 +2,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "jet/Value.h"
+#include <QString>
+#include <stdexcept>
+#include <string>
 
 struct sqlite3;
 
 namespace jet {
+
+// A failure of the engine. what() is UTF-8, written for the user.
+class Error : public std::runtime_error {
+public:
+    explicit Error(const QString& description, int sqliteCode = 0);
+    int code() const { return m_code; } // extended SQLite result code, 0 for an error of the dialect
+
+private:
+    int m_code;
+};
+
+[[noreturn]] void fail(const std::string& description); // throws Error; UTF-8
 
 // What a result code of SQLite means for the user. Never empty. `engineText` is SQLite's own description.
 QString describeSqlite(int code, const QString& engineText, const QString& path);
