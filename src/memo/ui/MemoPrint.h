@@ -2,12 +2,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "memo/ui/MemoPrintPages.h"
+#include "memo/ui/MemoPrintCode.h"
 
 #include <QList>
 
 class Archive;
 struct Desktop;
+
+// A memo as it is printed. What is empty is left out.
+struct PrintedMemo {
+    QString name;
+    QString language;
+    QString category;
+    QString created; // moments as text
+    QString lastModified;
+    QString link;
+    QString description;
+    StyledCode code;
+    QString notes; // RTF, or plain text
+};
 
 // Printing memos. All of these show what went wrong; they are false then, and when the user cancelled. `parent` is the
 // window that they belong to.

@@ -4,9 +4,8 @@
 
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
-#include "ui/print/PrintRun.h"
-#include "ui/richtext/RtfLook.h"
-#include "ui/richtext/RtfReader.h"
+#include "ui/print/PrintPages.h"
+#include "ui/richtext/Rtf.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QFontDatabase>

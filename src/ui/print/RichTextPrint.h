@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ui/print/PrintColumn.h"
+#include "ui/print/PrintPages.h"
 
 #include <QTextDocument>
 #include <memory>

@@ -4,7 +4,7 @@
 
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
-#include "ui/print/PrintRun.h"
+#include "ui/print/PrintPages.h"
 #include "ui/widgets/Icons.h"
 #include "ui_frmPrintPreview.h"
 

@@ -3,8 +3,7 @@
 #include "ui/richtext/RichTextBox.h"
 
 #include "ui/richtext/RichTextMime.h"
-#include "ui/richtext/RtfLook.h"
-#include "ui/richtext/RtfWriter.h"
+#include "ui/richtext/Rtf.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QClipboard>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "ui/richtext/RichTextFormat.h"
-#include "ui/richtext/RtfReader.h"
+#include "ui/richtext/Rtf.h"
 
 #include <QKeySequence>
 #include <QTextEdit>

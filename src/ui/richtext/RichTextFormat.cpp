@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/richtext/RichTextFormat.h"
 
-#include "ui/richtext/RtfLook.h"
+#include "ui/richtext/Rtf.h"
 
 #include <QRegularExpression>
 #include <QStyle>

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/richtext/RichTextMime.h"
 
-#include "ui/richtext/RtfReader.h"
-#include "ui/richtext/RtfWriter.h"
+#include "ui/richtext/Rtf.h"
 
 #include <QTextBlock>
 #include <QTextCursor>

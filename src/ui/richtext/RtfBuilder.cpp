@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/richtext/RtfBuilder.h"
 
-#include "ui/richtext/RtfLook.h"
-#include "ui/richtext/RtfReader.h"
+#include "ui/richtext/Rtf.h"
 
 #include <QFont>
 #include <QTextDocument>
@@ -30,19 +29,20 @@ int levelOf(const ParaFormat& p)
     return qBound(0, level, maxListLevels - 1);
 }
 
-Qt::Alignment alignmentOf(Align align)
+// None is where the paragraph's direction begins.
+Qt::Alignment alignmentOf(const ParaFormat& p)
 {
-    switch (align) {
+    switch (p.align) {
     case Align::Center:
         return Qt::AlignHCenter;
-    case Align::Right:
-        return Qt::AlignRight | Qt::AlignAbsolute;
     case Align::Justify:
         return Qt::AlignJustify;
+    case Align::Right:
+        return p.rightToLeft ? Qt::Alignment() : Qt::AlignRight | Qt::AlignAbsolute;
     case Align::Left:
         break;
     }
-    return {};
+    return p.rightToLeft ? Qt::AlignLeft | Qt::AlignAbsolute : Qt::Alignment();
 }
 
 // A line break of an old text processor must not become a paragraph of the document, nor may the characters
@@ -174,7 +174,7 @@ void Builder::setColors(QTextCharFormat& text, const CharFormat& format) const
 QTextBlockFormat Builder::toBlock(const ParaFormat& p) const
 {
     QTextBlockFormat block;
-    const Qt::Alignment alignment = alignmentOf(p.align);
+    const Qt::Alignment alignment = alignmentOf(p);
     if (alignment)
         block.setAlignment(alignment);
     if (p.before != 0)

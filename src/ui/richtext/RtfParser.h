@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "ui/richtext/Rtf.h"
 #include "ui/richtext/RtfBuilder.h"
-#include "ui/richtext/RtfReader.h"
 #include "ui/richtext/RtfState.h"
 
 #include <QByteArray>

@@ -2,26 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QColor>
+#include "ui/richtext/Rtf.h"
+
 #include <QHash>
 #include <QList>
-#include <QString>
 
 // What the reader keeps in mind: formats as RTF counts them (twips of 1/1440 inch, half points, table numbers).
 namespace rtf {
-
-constexpr int maxListLevels = 9;
-
-// How a list level is numbered: the values of \levelnfc.
-enum Numbering {
-    Decimal = 0,
-    UpperRoman = 1,
-    LowerRoman = 2,
-    UpperAlpha = 3,
-    LowerAlpha = 4,
-    Bullet = 23,
-    NoNumber = 255
-};
 
 enum class Align { Left, Center, Right, Justify };
 

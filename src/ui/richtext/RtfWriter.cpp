@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/richtext/RtfWriter.h"
+#include "ui/richtext/Rtf.h"
 
-#include "ui/richtext/RtfCodePage.h"
-#include "ui/richtext/RtfLook.h"
+#include "desktop/TextForms.h"
 
 #include <QFont>
+#include <QStyle>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextList>
@@ -27,6 +27,21 @@ int twips(double pixels)
 QByteArray word(const char* name, int value)
 {
     return name + QByteArray::number(value);
+}
+
+// The Windows-1252 byte of a character above ASCII, or 0 when it has none.
+int westernByte(char16_t character)
+{
+    if (character >= 0xA0 && character <= 0xFF)
+        return character;
+    static const QString high = [] {
+        QByteArray bytes;
+        for (int byte = 0x80; byte < 0xA0; ++byte)
+            bytes += static_cast<char>(byte);
+        return westernText(bytes);
+    }();
+    const qsizetype place = character < 0x100 ? -1 : high.indexOf(QChar(character));
+    return place < 0 ? 0 : 0x80 + static_cast<int>(place);
 }
 
 void appendEscaped(QByteArray& out, char16_t c)
@@ -156,8 +171,7 @@ QByteArray Writer::run()
         inRow = endsInnerCell(block);
         body += inRow ? "\\tab " : "\\par\r\n";
     }
-    return word("{\\rtf1\\ansi\\ansicpg", westernCodePage) + "\\uc1\\deff0" + fontTable() + colorTable() +
-        listTables() + body + "}\r\n";
+    return "{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0" + fontTable() + colorTable() + listTables() + body + "}\r\n";
 }
 
 int Writer::fontNumber(const QString& family)
@@ -240,12 +254,11 @@ QByteArray Writer::paragraphFormat(const QTextBlock& block)
         out += word("\\cbpat", colorNumber(background));
     if (format.layoutDirection() == Qt::RightToLeft)
         out += "\\rtlpar";
-    const Qt::Alignment alignment = format.alignment();
-    const bool isRight = alignment.testFlag(Qt::AlignRight) || alignment.testFlag(Qt::AlignTrailing);
-    out += alignment.testFlag(Qt::AlignHCenter) ? "\\qc"
-        : isRight                               ? "\\qr"
-        : alignment.testFlag(Qt::AlignJustify)  ? "\\qj"
-                                                : "\\ql";
+    const Qt::Alignment seen = QStyle::visualAlignment(format.layoutDirection(), format.alignment());
+    out += seen.testFlag(Qt::AlignHCenter) ? "\\qc"
+        : seen.testFlag(Qt::AlignRight)    ? "\\qr"
+        : seen.testFlag(Qt::AlignJustify)  ? "\\qj"
+                                           : "\\ql";
     return out + ' ';
 }
 

@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/richtext/RtfLook.h"
-
-#include "ui/richtext/RtfReader.h"
+#include "ui/richtext/Rtf.h"
 
 #include <QGuiApplication>
 #include <QPalette>
