@@ -81,3 +81,17 @@ bool cNote::SetColor(qint32 id, const QString& color)
             UpdateText(u"tab_note"_s).set(u"tab_note.color"_s, color).where(u"tab_note.noteID"_s, id, u"  "_s));
     });
 }
+
+std::vector<NoteRow> readNoteRows(Archive& archive)
+{
+    ArchiveUnit unit(archive);
+    jet::Recordset set = unit.Open(u"SELECT tab_note.* FROM tab_note "_s);
+    const int id = set.index(u"noteID"_s);
+    const int content = set.index(u"content"_s);
+    const int color = set.index(u"color"_s);
+    const int date = set.index(u"noteDate"_s);
+    std::vector<NoteRow> rows;
+    for (; !set.eof(); set.moveNext())
+        rows.push_back({qint32(set.integer(id)), set.text(content), set.text(color), set.moment(date)});
+    return rows;
+}

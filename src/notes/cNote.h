@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "jet/Value.h"
+
 #include <QDateTime>
 #include <QString>
+#include <vector>
 
 class Archive;
 
@@ -40,3 +43,13 @@ private:
     QString m_failedMethod;
     QString m_lastError;
 };
+
+// What a note shows in the list.
+struct NoteRow {
+    qint32 id = 0;
+    QString content;
+    QString color; // any word
+    jet::LocalMoment date; // when it was last written; may be invalid
+};
+
+std::vector<NoteRow> readNoteRows(Archive& archive); // all notes in the archive's order; throws jet::Error

@@ -7,7 +7,11 @@
 #include "desktop/SecretMemory.h"
 #include "vault/cBlowfish.h"
 
+#include <QRandomGenerator>
+#include <algorithm>
+#include <iterator>
 #include <stdexcept>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -225,4 +229,185 @@ QByteArray modPassword::HexDecode(const QString& text)
         high = high >= 0 ? -1 : value;
     }
     return bytes;
+}
+
+// The change of the master password.
+namespace {
+
+constexpr QChar bar = u'|';
+
+// Values that are wiped with their list.
+struct SecretList {
+    ~SecretList()
+    {
+        for (QString& value : values)
+            wipe(value);
+    }
+    std::vector<QString> values;
+};
+
+// Each value followed by a bar, in a buffer that never grows: growing would leave copies behind.
+QString joined(const SecretList& list)
+{
+    qsizetype size = 0;
+    for (const QString& value : list.values)
+        size += value.size() + 1;
+    QString text;
+    text.reserve(size);
+    for (const QString& value : list.values)
+        text.append(value).append(bar);
+    return text;
+}
+
+// A bar in a value moves the ones behind it, so that anything may stand where an identifier should. Only a number as
+// the program itself writes it may go into a statement.
+qint64 identifierOf(QStringView text)
+{
+    bool isNumber = false;
+    const qint64 id = text.toLongLong(&isNumber);
+    if (!isNumber || QString::number(id) != text)
+        throw std::runtime_error("The accounts could not be put together again, because a user name or password "
+                                 "contains \"|\". Nothing was changed.");
+    return id;
+}
+
+} // namespace
+
+modPassword::Choice modPassword::ChangeMasterPassword(const QString& password)
+{
+    if (!isUnlocked())
+        throw std::runtime_error("The vault is locked.");
+    ArchiveUnit unit(m_archive);
+    // Killed at any moment, the archive is whole under the one password or under the other.
+    jet::Connection::Transaction everything(unit.connection());
+    QString collected = collectVault(unit);
+    const WipeAtEnd wiped(collected);
+    const Choice choice = storeMasterPassword(unit, password);
+    if (choice != Choice::Saved)
+        return choice;
+    rewriteVault(unit, collected, password);
+    everything.commit();
+    startSession(password);
+    return choice;
+}
+
+QString modPassword::collectVault(ArchiveUnit& unit)
+{
+    jet::Recordset rows = unit.Open(u" SELECT passwordID, userName, password FROM tab_password "_s);
+    const int id = rows.index(u"passwordID"_s);
+    const int userName = rows.index(u"userName"_s);
+    const int secret = rows.index(u"password"_s);
+    SecretList list;
+    for (; !rows.eof(); rows.moveNext()) {
+        list.values.push_back(QString::number(rows.integer(id)));
+        list.values.push_back(rows.isNull(userName) ? u"-"_s : DecryptEntry(rows.text(userName)));
+        list.values.push_back(DecryptEntry(rows.text(secret)));
+    }
+    return joined(list);
+}
+
+// What is left over behind the last three is dropped: there is no telling whose it is.
+void modPassword::rewriteVault(ArchiveUnit& unit, const QString& collected, const QString& password)
+{
+    const QList<QStringView> parts = QStringView(collected).split(bar);
+    const auto encrypted = [&](QStringView part) {
+        QString text = part.toString();
+        const WipeAtEnd wiped(text);
+        return encrypt(text, password);
+    };
+    for (qsizetype i = 0; i + 2 < parts.size(); i += 3)
+        unit.Execute(u" UPDATE tab_password SET  tab_password.userName  =  '"_s + encrypted(parts[i + 1]) + u"' , "_s +
+                     u"tab_password.password = '"_s + encrypted(parts[i + 2]) + u"' "_s + //
+                     u" WHERE passwordID = "_s + QString::number(identifierOf(parts[i])) + u" "_s);
+}
+
+// What it would damage.
+namespace {
+
+constexpr qsizetype mostNamed = 10;
+constexpr qsizetype longestName = 60; // characters
+
+QString nameOf(const QString& title, qint64 id)
+{
+    const QString name = title.simplified();
+    if (name.isEmpty())
+        return u"(without title, number %1)"_s.arg(id);
+    return name.size() > longestName ? name.first(longestName) + u"..."_s : name;
+}
+
+QString named(const QStringList& names)
+{
+    QString lines = names.first(qMin(names.size(), mostNamed)).join(u"\n   "_s);
+    if (names.size() > mostNamed)
+        lines += u"\n   and %1 more"_s.arg(names.size() - mostNamed);
+    return u"\n   "_s + lines + u"\n\n"_s;
+}
+
+} // namespace
+
+QString ChangeRisks::question() const
+{
+    QString text;
+    if (!withBar.isEmpty())
+        text +=
+            u"These accounts have a \"|\" in the user name or password. The value would be cut there, and parts could "
+            "end up in other accounts:"_s +
+            named(withBar);
+    if (!unreadable.isEmpty())
+        text +=
+            u"These accounts were stored under another master password and cannot be read. After the change not even "
+            "that password would bring them back:"_s +
+            named(unreadable);
+    return text + u"Change the master password nevertheless?"_s;
+}
+
+ChangeRisks readChangeRisks(modPassword& passwords)
+{
+    ChangeRisks risks;
+    ArchiveUnit unit(passwords.archive());
+    jet::Recordset rows = unit.Open(u"SELECT passwordID, title, userName, password FROM tab_password "_s);
+    for (; !rows.eof(); rows.moveNext()) {
+        bool hasBar = false;
+        bool isReadable = true;
+        for (const QString& column : {u"userName"_s, u"password"_s}) {
+            bool isWhole = false;
+            QString value = passwords.DecryptEntry(rows.text(column), &isWhole);
+            const WipeAtEnd wiped(value);
+            hasBar = hasBar || value.contains(u'|');
+            isReadable = isReadable && isWhole;
+        }
+        const QString name = nameOf(rows.text(u"title"_s), rows.integer(u"passwordID"_s));
+        if (hasBar)
+            risks.withBar.append(name);
+        if (!isReadable)
+            risks.unreadable.append(name);
+    }
+    return risks;
+}
+
+namespace {
+
+constexpr QStringView kinds[] = {u"abcdefghijkmnopqrstuvwxyz", u"ABCDEFGHJKLMNPQRSTUVWXYZ", u"23456789",
+                                 u"!#%+-.:=?@_"};
+
+bool hasEveryKind(const QString& text)
+{
+    return std::all_of(std::begin(kinds), std::end(kinds), [&](QStringView kind) {
+        return std::any_of(text.begin(), text.end(), [&](QChar c) { return kind.contains(c); });
+    });
+}
+
+} // namespace
+
+QString generatePassword(qsizetype length)
+{
+    QString letters;
+    for (const QStringView kind : kinds)
+        letters += kind;
+    QString password(std::max<qsizetype>(length, std::size(kinds)), u' ');
+    // Drawn anew as a whole: a place kept free for a kind would make the others easier to guess.
+    while (!hasEveryKind(password))
+        for (QChar& c : password)
+            c = letters[QRandomGenerator::system()->bounded(letters.size())];
+    return password;
 }

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
+#include <QStringList>
 #include <memory>
 
 class Archive;
@@ -48,7 +48,7 @@ public:
     Choice ChooseMasterPassword(const QString& password);
     // Stores a new master password and enciphers every account under it instead of the session's, which must be
     // unlocked; then it is the session's. All of that or, when it is not Saved or throws, nothing of it. The accounts'
-    // values are joined and split again at "|": readChangeRisks() in vault/modPasswordRisks.h tells whom that hits.
+    // values are joined and split again at "|": readChangeRisks() tells whom that hits.
     Choice ChangeMasterPassword(const QString& password);
 
     // --- Texts --------------------------------------------------------------------------------------------------
@@ -85,3 +85,20 @@ private:
     std::unique_ptr<NoCoreDumps> m_noCoreDumps;
     QString m_lastError;
 };
+
+// The titles of the accounts that a change of the master password would damage. An account may be in both lists.
+struct ChangeRisks {
+    QStringList withBar; // a value has the "|" at which the change splits
+    QStringList unreadable; // a value is not enciphered under the session's password
+
+    bool isEmpty() const { return withBar.isEmpty() && unreadable.isEmpty(); }
+    QString question() const; // to ask before anything is written; names at most ten accounts of each kind
+};
+
+// The vault must be unlocked. Throws jet::Error.
+ChangeRisks readChangeRisks(modPassword& passwords);
+
+// A password that nobody can guess, from the system's source of secrets: `length` characters (4 or more) of small and
+// capital letters, digits and signs, at least one of each kind. None that is easily taken for another (l and 1, O and
+// 0), and no sign that forms or shells refuse often. 20 characters are worth about 120 bits. The caller wipes it.
+QString generatePassword(qsizetype length = 20);

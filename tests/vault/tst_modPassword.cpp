@@ -4,7 +4,7 @@
 #include "vault/VaultFixture.h"
 
 #include "desktop/SecretMemory.h"
-#include "vault/PasswordRisks.h"
+#include "vault/modPassword.h"
 
 #include <QProcess>
 #include <QRandomGenerator>

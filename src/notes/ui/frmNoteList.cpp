@@ -6,16 +6,23 @@
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
 #include "desktop/Questions.h"
+#include "desktop/TextForms.h"
 #include "notes/ui/NoteColors.h"
-#include "notes/ui/NoteListModel.h"
 #include "notes/ui/NoteWindows.h"
 #include "ui/widgets/CellDelegate.h"
 #include "ui/widgets/ShownText.h"
 #include "ui_frmNoteList.h"
 
+#include <QAbstractListModel>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+QString keyOf(qint32 id)
+{
+    return QString::number(id) + u" ItemID"_s;
+}
 
 class HeadingCells final : public CellDelegate {
 public:
@@ -31,8 +38,48 @@ public:
 
 } // namespace
 
+// The whole text of each note and a sheet in its colour.
+class frmNoteList::Model final : public QAbstractListModel {
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    void setRows(std::vector<NoteRow> rows)
+    {
+        beginResetModel();
+        m_rows = std::move(rows);
+        endResetModel();
+    }
+    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : int(m_rows.size()); }
+    QVariant data(const QModelIndex& index, int role) const override;
+
+private:
+    std::vector<NoteRow> m_rows;
+};
+
+QVariant frmNoteList::Model::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const NoteRow& row = m_rows[size_t(index.row())];
+    switch (role) {
+    case Qt::DisplayRole:
+        return row.content;
+    case Qt::AccessibleTextRole:
+        return shownHeading(row.content);
+    case Qt::ToolTipRole:
+        return QString(plainToolTip(row.content) + u"<p><i>"_s + shortMoment(row.date.date, row.date.time) +
+                       u"</i></p>"_s);
+    case Qt::DecorationRole:
+        return noteIcon(row.color);
+    case Qt::UserRole:
+        return keyOf(row.id);
+    default:
+        return {};
+    }
+}
+
 frmNoteList::frmNoteList(const NoteListContext& context, QWidget* parent)
-    : QWidget(parent), m_ui(std::make_unique<Ui::frmNoteList>()), m_context(context), m_model(new NoteListModel(this))
+    : QWidget(parent), m_ui(std::make_unique<Ui::frmNoteList>()), m_context(context), m_model(new Model(this))
 {
     m_ui->setupUi(this);
     m_ui->lvwNote->setList(m_model);
@@ -100,7 +147,7 @@ void frmNoteList::notesWritten(qint32 newNote)
 {
     MakeLvwContents();
     if (newNote != 0)
-        m_ui->lvwNote->selectKey(NoteListModel::keyOf(newNote));
+        m_ui->lvwNote->selectKey(keyOf(newNote));
 }
 
 void frmNoteList::NewNote()

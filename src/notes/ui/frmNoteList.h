@@ -10,7 +10,6 @@
 #include <memory>
 
 class ListView;
-class NoteListModel;
 class NoteWindows;
 struct Desktop;
 
@@ -44,6 +43,8 @@ public:
     void SetColor(const QString& color); // of all selected ones, open or not
 
 private:
+    class Model;
+
     void wire();
     void fill(void (ListView::*refill)(const std::function<void()>&));
     void enableCommands();
@@ -51,7 +52,7 @@ private:
 
     std::unique_ptr<Ui::frmNoteList> m_ui;
     NoteListContext m_context;
-    NoteListModel* m_model;
+    Model* m_model;
     bool m_isInFront = false;
 };
 

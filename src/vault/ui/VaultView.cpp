@@ -5,7 +5,7 @@
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
 #include "desktop/Questions.h"
-#include "vault/MasterPasswordMessages.h"
+#include "vault/ui/MasterPassword.h"
 #include "vault/ui/frmPasswordChange.h"
 #include "vault/ui/frmPasswordLost.h"
 #include "vault/ui/frmPasswordSetting.h"

@@ -12,8 +12,8 @@
 #include "ui/widgets/RawText.h"
 #include "ui_frmPassword.h"
 #include "vault/PasswordCategories.h"
-#include "vault/PasswordGenerator.h"
 #include "vault/cPassword.h"
+#include "vault/modPassword.h"
 
 #include <algorithm>
 #include <utility>

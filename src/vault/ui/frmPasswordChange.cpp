@@ -7,10 +7,8 @@
 #include "desktop/Questions.h"
 #include "desktop/SecretMemory.h"
 #include "ui_frmPasswordChange.h"
-#include "vault/MasterPasswordMessages.h"
-#include "vault/PasswordRisks.h"
 #include "vault/modPassword.h"
-#include "vault/ui/SecretBoxes.h"
+#include "vault/ui/MasterPassword.h"
 
 using namespace Qt::StringLiterals;
 

@@ -6,8 +6,8 @@
 #include "desktop/Desktop.h"
 #include "desktop/Questions.h"
 #include "ui_frmPasswordLost.h"
-#include "vault/MasterPasswordMessages.h"
 #include "vault/modPassword.h"
+#include "vault/ui/MasterPassword.h"
 
 using namespace Qt::StringLiterals;
 

@@ -9,14 +9,17 @@
 #include "desktop/Desktop.h"
 #include "desktop/FrameServices.h"
 #include "desktop/Questions.h"
+#include "ui/widgets/Icons.h"
+#include "ui/widgets/ShownText.h"
 #include "ui_frmPasswordS.h"
 #include "vault/PasswordCategories.h"
+#include "vault/PasswordRows.h"
 #include "vault/cPassword.h"
 #include "vault/modPassword.h"
-#include "vault/ui/PasswordListModel.h"
 #include "vault/ui/frmPassword.h"
 #include "vault/ui/frmPasswordCategory.h"
 
+#include <QAbstractTableModel>
 #include <QHeaderView>
 #include <QSignalBlocker>
 #include <QSortFilterProxyModel>
@@ -25,9 +28,109 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QString keyOf(qint32 id)
+{
+    return QString::number(id) + u" ItemID"_s;
+}
+
+} // namespace
+
+// The accounts in the archive's order. Passwords show as eight asterisks or, while they are shown, as themselves; the
+// tag of a password's cell is the password either way.
+class frmPasswordS::Model final : public QAbstractTableModel {
+public:
+    enum Column { Title, Description, UserName, Password, Url, ColumnCount };
+    enum Role { TagRole = Qt::UserRole + 1 };
+
+    using QAbstractTableModel::QAbstractTableModel;
+    ~Model() override { wipePasswordRows(m_rows); }
+
+    void setRows(std::vector<PasswordRow> rows); // the rows before are wiped
+    void setPasswordsShown(bool shown);
+    bool passwordsShown() const { return m_isShown; }
+
+    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : int(m_rows.size()); }
+    int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : int(ColumnCount); }
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    QString cellText(const PasswordRow& row, int column) const;
+
+    std::vector<PasswordRow> m_rows;
+    bool m_isShown = false;
+};
+
+void frmPasswordS::Model::setRows(std::vector<PasswordRow> rows)
+{
+    beginResetModel();
+    m_rows.swap(rows);
+    endResetModel();
+    wipePasswordRows(rows);
+}
+
+void frmPasswordS::Model::setPasswordsShown(bool shown)
+{
+    if (m_isShown == shown)
+        return;
+    m_isShown = shown;
+    if (!m_rows.empty())
+        emit dataChanged(index(0, Password), index(int(m_rows.size()) - 1, Password));
+}
+
+QString frmPasswordS::Model::cellText(const PasswordRow& row, int column) const
+{
+    switch (column) {
+    case Title:
+        return row.title;
+    case Description:
+        return row.description;
+    case UserName:
+        return row.userName;
+    case Password:
+        return m_isShown ? row.password : u"********"_s;
+    default:
+        return row.url;
+    }
+}
+
+QVariant frmPasswordS::Model::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const PasswordRow& row = m_rows[size_t(index.row())];
+    const bool isWithoutCategory = index.column() == Title && row.categoryID == 0;
+    switch (role) {
+    case Qt::DisplayRole:
+        return cellText(row, index.column());
+    case Qt::ToolTipRole: // asterisks tell nothing
+        return index.column() == Password && !m_isShown ? QString() : plainToolTip(cellText(row, index.column()));
+    case Qt::DecorationRole:
+        return isWithoutCategory ? QVariant(themedIcon(u"question"_s)) : QVariant();
+    case Qt::AccessibleDescriptionRole: // what the picture says
+        return isWithoutCategory ? u"Category not specified"_s : QString();
+    case Qt::UserRole:
+        return keyOf(row.id);
+    case TagRole:
+        return index.column() == Password ? QVariant(row.password) : QVariant();
+    default:
+        return {};
+    }
+}
+
+QVariant frmPasswordS::Model::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    static const QString titles[] = {u"Title"_s, u"Description"_s, u"UserName"_s, u"Password"_s, u"URL"_s};
+    if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section >= 0 && section < ColumnCount)
+        return titles[section];
+    return {};
+}
+
 frmPasswordS::frmPasswordS(const PasswordListContext& context, QWidget* parent)
-    : QWidget(parent), m_ui(std::make_unique<Ui::frmPasswordS>()), m_context(context),
-      m_model(new PasswordListModel(this)), m_sorted(new QSortFilterProxyModel(this))
+    : QWidget(parent), m_ui(std::make_unique<Ui::frmPasswordS>()), m_context(context), m_model(new Model(this)),
+      m_sorted(new QSortFilterProxyModel(this))
 {
     m_ui->setupUi(this);
     prepareList();
@@ -157,7 +260,7 @@ void frmPasswordS::UpdateStatusBar()
 
 QString frmPasswordS::cell(int column) const
 {
-    const int role = column == PasswordListModel::Password ? int(PasswordListModel::TagRole) : int(Qt::DisplayRole);
+    const int role = column == Model::Password ? int(Model::TagRole) : int(Qt::DisplayRole);
     return m_ui->lvwPassword->selectedRow().siblingAtColumn(column).data(role).toString();
 }
 
@@ -187,7 +290,7 @@ void frmPasswordS::openEditor(qint32 id)
         if (!editor.Form_Load() || editor.exec() != QDialog::Accepted)
             return;
         MakeLvwContents();
-        m_ui->lvwPassword->selectKey(PasswordListModel::keyOf(m_context.viewFilter.EditingModePasswordID));
+        m_ui->lvwPassword->selectKey(keyOf(m_context.viewFilter.EditingModePasswordID));
     });
     m_context.password.clear();
 }
@@ -217,7 +320,7 @@ void frmPasswordS::ClipboardUsernameCopy()
 {
     if (!m_ui->lvwPassword->selectedRow().isValid())
         return;
-    m_context.desktop.clipboard.copySecret(cell(PasswordListModel::UserName));
+    m_context.desktop.clipboard.copySecret(cell(Model::UserName));
     m_context.frame.setStatus(u"User name copied. The clipboard is cleared soon."_s);
 }
 
@@ -225,7 +328,7 @@ void frmPasswordS::ClipboardPasswordCopy()
 {
     if (!m_ui->lvwPassword->selectedRow().isValid())
         return;
-    m_context.desktop.clipboard.copySecret(cell(PasswordListModel::Password));
+    m_context.desktop.clipboard.copySecret(cell(Model::Password));
     m_context.frame.setStatus(u"Password copied. The clipboard is cleared soon."_s);
 }
 
@@ -233,7 +336,7 @@ void frmPasswordS::VisitURLPassword()
 {
     if (!m_ui->lvwPassword->selectedRow().isValid())
         return;
-    const QString url = cell(PasswordListModel::Url);
+    const QString url = cell(Model::Url);
     if (url.isEmpty()) {
         m_context.archive.questions().ask(u"URL not specified"_s, MessageStyle::Information);
         return;

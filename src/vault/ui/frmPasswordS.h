@@ -9,7 +9,6 @@
 class Archive;
 class FrameServices;
 class ListView;
-class PasswordListModel;
 class QSortFilterProxyModel;
 class cPassword;
 class cViewFilter;
@@ -58,6 +57,8 @@ public:
     void Lock(); // forgets and wipes everything, and goes to the memos
 
 private:
+    class Model;
+
     void prepareList();
     void addKeys();
     void fill(void (ListView::*refill)(const std::function<void()>&));
@@ -69,7 +70,7 @@ private:
 
     std::unique_ptr<Ui::frmPasswordS> m_ui;
     PasswordListContext m_context;
-    PasswordListModel* m_model;
+    Model* m_model;
     QSortFilterProxyModel* m_sorted;
     bool m_isInFront = false;
 };
