@@ -124,16 +124,16 @@ QByteArray serverPageKeywords()
 QString keywordsOf(Archive& archive, const QString& lexerCode)
 {
     ArchiveUnit unit(archive);
-    const jet::Recordset rows = unit.Open(u"SELECT memoTypeID,  keywords "_s + u" FROM tab_memoType "_s +
-                                          u" WHERE lexerCode = '"_s + quoted(lexerCode) + u"' "_s);
+    const jet::Recordset rows =
+        unit.Open(u"SELECT memoTypeID,  keywords  FROM tab_memoType  WHERE lexerCode = '%1' "_s.arg(quoted(lexerCode)));
     return rows.eof() ? QString() : rows.text(u"keywords"_s);
 }
 
 bool updateKeywords(Archive& archive, const QString& lexerCode, const QString& keywords)
 {
     ArchiveUnit unit(archive);
-    return unit.Execute(u"UPDATE tab_memoType SET "_s + u"tab_memoType.keywords = '"_s + quoted(keywords) + u"' "_s +
-                        u" WHERE lexerCode = '"_s + quoted(lexerCode) + u"' "_s) > 0;
+    return unit.Execute(u"UPDATE tab_memoType SET tab_memoType.keywords = '%1'  WHERE lexerCode = '%2' "_s.arg(
+               quoted(keywords), quoted(lexerCode))) > 0;
 }
 
 QString lexerCodeOf(Archive& archive, qint32 memoTypeID)

@@ -54,7 +54,7 @@ std::vector<LanguageRow> readEnabledLanguages(Archive& archive)
     ArchiveUnit unit(archive);
     std::vector<LanguageRow> languages;
     jet::Recordset rows =
-        unit.Open(u" SELECT * FROM tab_memoType "_s + u" WHERE tab_memoType.enabled = true "_s + u" ORDER BY  name "_s);
+        unit.Open(u" SELECT * FROM tab_memoType  WHERE tab_memoType.enabled = true  ORDER BY  name "_s);
     for (; !rows.eof(); rows.moveNext())
         languages.push_back({static_cast<qint32>(rows.integer(u"memoTypeID"_s)), rows.text(u"name"_s),
                              rows.text(u"description"_s), rows.text(u"lexerCode"_s), rows.boolean(u"visible"_s)});
@@ -68,16 +68,17 @@ void saveVisibility(Archive& archive, const std::vector<LanguageRow>& languages)
     ArchiveUnit unit(archive);
     jet::Connection::Transaction all(unit.connection()); // alone, each would wait for the disk
     for (const LanguageRow& language : languages)
-        unit.Execute(u" UPDATE tab_memoType SET  visible  = "_s + flag(language.isVisible) +
-                     u"  WHERE memoTypeID = "_s + QString::number(language.id) + u" "_s);
+        unit.Execute(u" UPDATE tab_memoType SET  visible  = %1  WHERE memoTypeID = %2 "_s.arg(flag(language.isVisible))
+                         .arg(language.id));
     all.commit();
 }
 
 jet::Recordset openStyles(ArchiveUnit& unit, qint32 memoTypeID)
 {
-    return unit.Open(u"SELECT tab_memoType.memoTypeID, tab_memoType.name, tab_style.* "_s +
-                     u" FROM tab_memoType INNER JOIN tab_style ON tab_memoType.lexerCode = tab_style.lexerCode "_s +
-                     u" WHERE tab_memoType.memoTypeID = "_s + QString::number(memoTypeID) + u" "_s);
+    return unit.Open(
+        u"SELECT tab_memoType.memoTypeID, tab_memoType.name, tab_style.*  FROM tab_memoType INNER JOIN "
+        "tab_style ON tab_memoType.lexerCode = tab_style.lexerCode  WHERE tab_memoType.memoTypeID = %1 "_s.arg(
+            memoTypeID));
 }
 
 std::vector<StyleRow> readStyles(Archive& archive, qint32 memoTypeID)

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "memo/ui/MemoPrintCode.h"
 
-#include "memo/code/ScintillaMessages.h"
 #include "memo/code/ScintillaText.h"
 #include "memo/code/ui/ScintillaView.h"
+#include "ui/widgets/Colors.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>
@@ -26,11 +26,6 @@ constexpr qreal numberPoints = 7.5;
 constexpr QColor gutterColor(0xF2, 0xF2, 0xF2);
 constexpr QColor numberColor(0x69, 0x69, 0x69);
 
-QColor colorOf(long bgr)
-{
-    return QColor(int(bgr & 0xFF), int(bgr >> 8 & 0xFF), int(bgr >> 16 & 0xFF));
-}
-
 // Paper is white: a background is printed when it marks something out and is light.
 QColor paperBack(const QColor& back, const QColor& usual)
 {
@@ -41,9 +36,10 @@ CodeLook lookOf(const ScintillaView& editor, int style, const QColor& usualBack)
 {
     using Sci = QsciScintillaBase;
     const auto ask = [&](unsigned message) { return editor.SendScintilla(message, static_cast<unsigned long>(style)); };
+    const auto color = [&](unsigned message) { return colorOfNumber(static_cast<std::uint32_t>(ask(message))); };
     CodeLook look;
-    look.back = paperBack(colorOf(ask(Sci::SCI_STYLEGETBACK)), usualBack);
-    look.fore = readableOn(colorOf(ask(Sci::SCI_STYLEGETFORE)), look.back.isValid() ? look.back : QColor(Qt::white));
+    look.back = paperBack(color(Sci::SCI_STYLEGETBACK), usualBack);
+    look.fore = readableOn(color(Sci::SCI_STYLEGETFORE), look.back.isValid() ? look.back : QColor(Qt::white));
     look.bold = ask(Sci::SCI_STYLEGETBOLD) != 0;
     look.italic = ask(Sci::SCI_STYLEGETITALIC) != 0;
     look.underline = ask(Sci::SCI_STYLEGETUNDERLINE) != 0;
@@ -94,7 +90,8 @@ StyledCode styledCodeOf(ScintillaView& editor)
     code.styles.resize(length);
     for (qsizetype i = 0; i < length; ++i)
         code.styles[i] = cells[2 * i + 1];
-    const QColor usual = colorOf(editor.SendScintilla(QsciScintillaBase::SCI_STYLEGETBACK, ulong{STYLE_DEFAULT}));
+    const QColor usual = colorOfNumber(
+        static_cast<std::uint32_t>(editor.SendScintilla(QsciScintillaBase::SCI_STYLEGETBACK, ulong{STYLE_DEFAULT})));
     for (int style = 0; style < styleCount; ++style)
         code.looks.push_back(lookOf(editor, style, usual));
     code.family = editor.fontNameOf(STYLE_DEFAULT);

@@ -27,21 +27,6 @@ namespace {
 constexpr qreal footerHeight = 24; // points
 constexpr qreal columnGap = 14; // points
 
-qreal luminance(const QColor& color)
-{
-    const auto linear = [](qreal part) {
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
-qreal contrast(const QColor& a, const QColor& b)
-{
-    const qreal first = luminance(a);
-    const qreal second = luminance(b);
-    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
-}
-
 [[noreturn]] void fail(const QString& why)
 {
     throw std::runtime_error(why.toStdString());
@@ -201,22 +186,6 @@ PrintPaper paperOf(QPrinter& printer)
     PrintPaper paper{&printer, QSizeF(printer.width(), printer.height())};
     paper.size.rheight() -= paper.points(footerHeight);
     return paper;
-}
-
-QColor readableOn(const QColor& text, const QColor& paper)
-{
-    constexpr qreal tooPale = 3;
-    constexpr qreal wellRead = 4.5;
-    if (!text.isValid() || contrast(text, paper) >= tooPale)
-        return text;
-    const bool darker = luminance(paper) > 0.18;
-    QColor shown = text.toHsl();
-    for (int i = 0; i < 40 && contrast(shown, paper) < wellRead; ++i) {
-        const float lightness = shown.lightnessF();
-        shown.setHslF(shown.hslHueF(), shown.hslSaturationF(),
-                      std::clamp(darker ? lightness - 0.025F : lightness + 0.025F, 0.0F, 1.0F));
-    }
-    return shown.toRgb();
 }
 
 char16_t printable(char16_t character)

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QColor>
 #include <QSizeF>
 #include <QString>
 #include <functional>
@@ -22,10 +21,6 @@ struct PrintPaper {
 };
 
 PrintPaper paperOf(QPrinter& printer);
-
-// `text` as it can be read on `paper`: the hue stays, but what is too pale becomes darker (on dark paper: lighter).
-// Contrast is that of the Web Content Accessibility Guidelines 2.1.
-QColor readableOn(const QColor& text, const QColor& paper);
 
 // Control characters and whatever else would not be seen as U+FFFD: nothing disappears. Line ends of all kinds become
 // LF; tabs stay.

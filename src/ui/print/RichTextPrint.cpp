@@ -6,6 +6,7 @@
 #include "desktop/Desktop.h"
 #include "ui/print/PrintPages.h"
 #include "ui/richtext/Rtf.h"
+#include "ui/widgets/Colors.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QFontDatabase>

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/richtext/Rtf.h"
 
+#include "ui/widgets/Colors.h"
+
 #include <QGuiApplication>
 #include <QPalette>
 
@@ -9,11 +11,7 @@ namespace rtf {
 
 QColor automaticColor(const QColor& background)
 {
-    if (!background.isValid())
-        return {};
-    // Perceived brightness by the weights of ITU-R BT.601.
-    const int brightness = (299 * background.red() + 587 * background.green() + 114 * background.blue()) / 1000;
-    return brightness >= 128 ? QColor(Qt::black) : QColor(Qt::white);
+    return background.isValid() ? blackOrWhiteOn(background) : QColor();
 }
 
 QColor linkColor()

@@ -4,11 +4,19 @@
 
 #include "desktop/Desktop.h"
 
+#include <algorithm>
 #include <cmath>
 
 QColor colorOfNumber(std::uint32_t bgr)
 {
     return QColor(int(bgr & 0xFF), int(bgr >> 8 & 0xFF), int(bgr >> 16 & 0xFF));
+}
+
+std::optional<QColor> colorOfNumber(std::optional<qint64> number)
+{
+    if (!number || *number < 0 || *number > 0xFFFFFF)
+        return std::nullopt;
+    return colorOfNumber(static_cast<std::uint32_t>(*number));
 }
 
 std::uint32_t numberOfColor(const QColor& color)
@@ -34,6 +42,21 @@ double contrast(const QColor& a, const QColor& b)
 QColor blackOrWhiteOn(const QColor& paper)
 {
     return contrast(paper, Qt::black) >= contrast(paper, Qt::white) ? Qt::black : Qt::white;
+}
+
+QColor readableOn(const QColor& text, const QColor& paper)
+{
+    constexpr double tooPale = 3;
+    if (!text.isValid() || contrast(text, paper) >= tooPale)
+        return text;
+    const bool darker = blackOrWhiteOn(paper) == Qt::black;
+    QColor shown = text.toHsl();
+    for (int i = 0; i < 40 && contrast(shown, paper) < wellRead; ++i) {
+        const float lightness = shown.lightnessF();
+        shown.setHslF(shown.hslHueF(), shown.hslSaturationF(),
+                      std::clamp(darker ? lightness - 0.025F : lightness + 0.025F, 0.0F, 1.0F));
+    }
+    return shown.toRgb();
 }
 
 std::optional<QColor> pickColor(FileDialogs& files, const QColor& initial)

@@ -3,9 +3,8 @@
 #include "memo/code/ui/CodeEditorAccessible.h"
 
 #include "memo/code/ScintillaText.h"
-#include "memo/code/modScintilla.h"
+#include "ui/widgets/Colors.h"
 
-#include <QColor>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -29,9 +28,10 @@ std::pair<std::intptr_t, std::intptr_t> selectionOf(ScintillaView& view)
     return {view.send(SCI.GETSELECTIONSTART), view.send(SCI.GETSELECTIONEND)};
 }
 
-QString colorText(std::intptr_t color) // red in the low byte
+QString colorText(long bgr)
 {
-    return u"rgb(%1,%2,%3)"_s.arg(color & 0xFF).arg((color >> 8) & 0xFF).arg((color >> 16) & 0xFF);
+    const QColor color = colorOfNumber(static_cast<std::uint32_t>(bgr));
+    return u"rgb(%1,%2,%3)"_s.arg(color.red()).arg(color.green()).arg(color.blue());
 }
 
 } // namespace

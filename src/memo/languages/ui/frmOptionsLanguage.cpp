@@ -9,8 +9,8 @@
 #include "desktop/Questions.h"
 #include "memo/code/modScintilla.h"
 #include "memo/languages/StyleRows.h"
-#include "memo/languages/ui/StyleColors.h"
 #include "memo/languages/ui/frmOptionsLanguageDetails.h"
+#include "ui/widgets/Colors.h"
 #include "ui/widgets/RawText.h"
 #include "ui_frmOptionsLanguage.h"
 
@@ -32,7 +32,7 @@ QStandardItem* colorItem(const std::optional<qint64>& value)
     auto* item = new QStandardItem(value ? QString::number(*value) : QString());
     if (const std::optional<QColor> color = colorOfNumber(value)) {
         item->setBackground(*color);
-        item->setForeground(readableOn(*color));
+        item->setForeground(blackOrWhiteOn(*color));
     }
     return item;
 }

@@ -6,7 +6,7 @@
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
 #include "memo/languages/StyleRows.h"
-#include "memo/languages/ui/StyleColors.h"
+#include "ui/widgets/Colors.h"
 #include "ui_frmOptionsLanguageDetails.h"
 
 #include <QFontDatabase>
@@ -138,7 +138,7 @@ void frmOptionsLanguageDetails::showColor(QLineEdit& box, std::optional<qint64> 
     QPalette colors = palette();
     if (const std::optional<QColor> color = colorOfNumber(number)) {
         colors.setColor(QPalette::Base, *color);
-        colors.setColor(QPalette::Text, readableOn(*color));
+        colors.setColor(QPalette::Text, blackOrWhiteOn(*color));
     }
     box.setPalette(colors);
 }
