@@ -4,19 +4,10 @@
 
 #include "support/CoreSupport.h"
 
-#include "archive/Archive.h"
 #include "tasks/cToDo.h"
 
-// An archive that was started once, and to-dos with reminders.
-struct AlarmFixture : ArchiveFixture {
-    AlarmFixture()
-    {
-        questions.expect(QString());
-        UpdateArchiveVersion(archive);
-        category = value(QStringLiteral("SELECT categoryID FROM tab_category WHERE type = 2")).toInt();
-        questions.asked.clear();
-        statements.clear();
-    }
+// To-dos with reminders.
+struct AlarmFixture : StartedArchive {
     qint32 add(const QDateTime& alarm, bool isOn = true, const QString& name = QStringLiteral("Call O'Hara"))
     {
         cToDo todo(archive);
@@ -28,27 +19,38 @@ struct AlarmFixture : ArchiveFixture {
         todo.Save();
         return todo.ToDoID;
     }
-    void addMany(int count)
+    void addMany(int count) // due
     {
-        jet::Connection connection;
-        connection.Open(archive.ConnectionString());
-        jet::Connection::Transaction all(connection);
-        for (int i = 0; i < count; ++i)
-            connection.Execute(QStringLiteral("INSERT INTO tab_todo (categoryID, name, alarmOn, alarmDate) "
-                                              "VALUES (%1, 'n%2', 1, '2026-3-1 8:0:0')")
-                                   .arg(category)
-                                   .arg(i + 1));
+        ArchiveUnit unit(archive);
+        jet::Connection::Transaction all(unit.connection());
+        const QString sql = QStringLiteral("INSERT INTO tab_todo (categoryID, name, alarmOn, alarmDate) "
+                                           "VALUES (%1, 'n%2', 1, '2026-3-1 8:0:0')");
+        for (int i = 1; i <= count; ++i)
+            unit.Execute(sql.arg(category).arg(i));
         all.commit();
     }
-    void run(const QString& sql)
-    {
-        jet::Connection connection;
-        connection.Open(archive.ConnectionString());
-        connection.Execute(sql);
-    }
+    void run(const QString& sql) { ArchiveUnit(archive).Execute(sql); }
     QString column(const QString& name, qint32 id)
     {
         return value(QStringLiteral("SELECT %1 FROM tab_todo WHERE todoID = %2").arg(name).arg(id));
     }
-    qint32 category = 0;
+    qint32 category = value(QStringLiteral("SELECT categoryID FROM tab_category WHERE type = 2")).toInt();
+};
+
+// The rest of the program in another zone of the world.
+class ZoneGuard {
+public:
+    ~ZoneGuard()
+    {
+        m_before.isEmpty() ? qunsetenv("TZ") : qputenv("TZ", m_before);
+        tzset();
+    }
+    static void set(const char* zone)
+    {
+        qputenv("TZ", zone);
+        tzset();
+    }
+
+private:
+    QByteArray m_before = qgetenv("TZ");
 };
