@@ -5,6 +5,7 @@
 #include "support/UiSupport.h"
 
 #include "archive/Element.h"
+#include "ui/widgets/ElementEditor.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -19,11 +20,8 @@ public:
 };
 
 // One editor of elements, its controls by their names.
-template <typename Window>
 struct EditorFixture : UiFixture {
-    virtual ~EditorFixture() = default;
-    virtual void open(qint32 id) = 0;
-    void show(std::unique_ptr<Window> editor) // as the explorer opens it
+    void show(std::unique_ptr<ElementEditor> editor) // as the explorer opens it
     {
         window = std::move(editor);
         loaded = window->Form_Load();
@@ -32,41 +30,16 @@ struct EditorFixture : UiFixture {
     template <typename Widget>
     Widget& get(const char* name)
     {
-        auto* widget = window->template findChild<Widget*>(QString::fromLatin1(name));
+        auto* widget = window->findChild<Widget*>(QString::fromLatin1(name));
         if (!widget)
             qFatal("there is no %s", name);
         return *widget;
     }
     QLineEdit& box(const char* name) { return get<QLineEdit>(name); }
     void click(const char* name) { QTest::mouseClick(&get<QPushButton>(name), Qt::LeftButton); }
-    // OK while the archive is away: the message, and the window stays with what was typed.
-    void okFails(const QString& message)
-    {
-        const QString path = archive.ArchivePath();
-        archive.setPath(scratch.path(QStringLiteral("gone.SVA")));
-        questions.expect(QString());
-        click("cmdOK");
-        QVERIFY(questions.asked.last().text.startsWith(message));
-        QVERIFY(questions.asked.last().text.contains(QLatin1String("gone.SVA")));
-        QVERIFY(window->isVisible() && window->isDirty());
-        archive.setPath(path);
-    }
-
-    // Neither an element that is gone nor one of an archive that is away is shown.
-    void refusesWhatItCannotRead(const QString& gone)
-    {
-        questions.expect(QStringLiteral("Error in Load: ") + gone);
-        open(4711);
-        QVERIFY(!loaded);
-        archive.setPath(scratch.path(QStringLiteral("gone.SVA")));
-        questions.expect(QString());
-        open(1);
-        QVERIFY(!loaded);
-        QVERIFY(questions.asked.last().text.startsWith(QLatin1String("Error in Load: ")));
-    }
 
     cViewFilter filter;
     FakeListener listener;
-    std::unique_ptr<Window> window;
+    std::unique_ptr<ElementEditor> window;
     bool loaded = false;
 };

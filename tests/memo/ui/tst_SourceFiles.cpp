@@ -13,13 +13,6 @@
 
 using namespace Qt::StringLiterals;
 
-// What a new user does: puts the files of a project in. Each must come back as it was and open coloured.
-class tst_SourceFiles : public QObject {
-    Q_OBJECT
-private slots:
-    void twoHundredFiles();
-};
-
 namespace {
 
 qint32 languageOf(const QFileInfo& file)
@@ -58,6 +51,13 @@ int stylesIn(ScintillaView& view)
 }
 
 } // namespace
+
+// What a new user does: puts the files of a project in. Each must come back as it was and open coloured.
+class tst_SourceFiles : public QObject {
+    Q_OBJECT
+private slots:
+    void twoHundredFiles();
+};
 
 void tst_SourceFiles::twoHundredFiles()
 {

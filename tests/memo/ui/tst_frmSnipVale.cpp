@@ -20,13 +20,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // One memo editor, opened as the explorer opens it.
-struct Editor : EditorFixture<frmSnipVale> {
+struct Editor : EditorFixture {
     explicit Editor(qint32 id = 0)
     {
         listener.category = 1;
         open(id);
     }
-    void open(qint32 id) final
+    void open(qint32 id)
     {
         filter.EditingModeMemoID = id;
         show(std::make_unique<frmSnipVale>(EditorContext{archive, desktop, filter, listener}, memo, nullptr));
@@ -48,47 +48,19 @@ struct Editor : EditorFixture<frmSnipVale> {
 
 } // namespace
 
+// What only the memo editor does; the rest is in tst_Editors.
 class tst_frmSnipVale : public QObject {
     Q_OBJECT
 private slots:
-    void newMemoIsInsertedOnceThenUpdated();
     void everyScriptComesBackByteForByte();
     void notesKeepTheirBytes();
-    void nameIsRequired();
-    void dirtyWindowAsks();
     void linkButton();
     void languageIsSwitchedLive();
     void hiddenLanguage();
     void codeBar();
     void files();
     void panes();
-    void failedSaveKeepsTheWindow();
-    void vanishedMemo();
-    void keyboardOrder();
 };
-
-void tst_frmSnipVale::newMemoIsInsertedOnceThenUpdated()
-{
-    Editor e;
-    QCOMPARE(e.window->windowTitle(), u"Memo"_s);
-    QVERIFY(!e.get<QPushButton>("cmdApply").isEnabled());
-    QVERIFY(e.button("WrapLine").isChecked());
-    e.get<QLineEdit>("txtMemoName").setText(u" a 'name' "_s);
-    QVERIFY(e.get<QPushButton>("cmdApply").isEnabled());
-    e.code().send(SCI.SETTEXT, 0, QByteArray("one"));
-    e.get<QPushButton>("cmdApply").click();
-    e.code().send(SCI.SETTEXT, 0, QByteArray("two"));
-    e.get<QPushButton>("cmdApply").click();
-    QCOMPARE(
-        e.value(
-            u"SELECT COUNT(memoID) AS n FROM tab_memo WHERE snipVale = 'two' AND memoName = ' a ''name'' ' AND categoryID = 1 AND memoTypeID = 0"_s),
-        u"1"_s);
-    QCOMPARE(e.value(u"SELECT COUNT(memoID) AS n FROM tab_memo"_s), u"1"_s);
-    QCOMPARE(e.filter.EditingModeMemoID, 1);
-    QCOMPARE(e.listener.saved, QStringList({u"1 M_ID"_s, u"1 M_ID"_s}));
-    e.get<QPushButton>("cmdClose").click(); // nothing unsaved: no question
-    QVERIFY(!e.window->isVisible());
-}
 
 void tst_frmSnipVale::everyScriptComesBackByteForByte()
 {
@@ -102,7 +74,6 @@ void tst_frmSnipVale::everyScriptComesBackByteForByte()
     QVERIFY(e.loaded);
     QCOMPARE(e.window->windowTitle(), u"Memo: x"_s);
     QCOMPARE(e.code().text(), text);
-    QVERIFY(!e.window->isDirty());
     QVERIFY(!e.get<QLabel>("lblDateIn").text().isEmpty());
     e.code().setText(QByteArray());
     e.get<QLineEdit>("txtMemoName").setText(u"y"_s);
@@ -130,34 +101,6 @@ void tst_frmSnipVale::notesKeepTheirBytes()
     QVERIFY(e.window->isDirty());
     e.get<QPushButton>("cmdApply").click();
     QVERIFY(e.value(u"SELECT memoNotes FROM tab_memo"_s).contains(u"And"_s));
-}
-
-void tst_frmSnipVale::nameIsRequired()
-{
-    Editor e;
-    e.get<QLineEdit>("txtMemoName").setText(u"   "_s);
-    e.questions.expect(u"Please choose a name!"_s);
-    e.get<QPushButton>("cmdOK").click();
-    QCOMPARE(e.questions.asked.last().style, MessageStyle::Information);
-    QVERIFY(e.window->isVisible());
-    QVERIFY(e.window->isDirty());
-    QCOMPARE(e.memo.GetMemoCount(), 0);
-}
-
-void tst_frmSnipVale::dirtyWindowAsks()
-{
-    Editor e;
-    QTest::keyClicks(&e.code(), u"x"_s);
-    QVERIFY(e.window->isDirty());
-    e.questions.expect(u"Close without saving changes?"_s, Answer::No);
-    QTest::keyClick(e.window.get(), Qt::Key_Escape);
-    QVERIFY(e.window->isVisible());
-    QCOMPARE(e.questions.asked.last().style, MessageStyle::YesNoDefaultNo);
-    QCOMPARE(e.questions.asked.last().title, u"SnipVale"_s);
-    e.questions.expect(u"Close without saving changes?"_s, Answer::Yes);
-    e.window->close();
-    QVERIFY(!e.window->isVisible());
-    QCOMPARE(e.memo.GetMemoCount(), 0);
 }
 
 void tst_frmSnipVale::linkButton()
@@ -216,6 +159,7 @@ void tst_frmSnipVale::hiddenLanguage()
 void tst_frmSnipVale::codeBar()
 {
     Editor e;
+    QVERIFY(e.button("WrapLine").isChecked());
     QTest::keyClicks(&e.code(), u"abc"_s);
     e.button("Clear").trigger();
     QCOMPARE(e.code().text(), QByteArray());
@@ -273,50 +217,6 @@ void tst_frmSnipVale::panes()
     e.get<QToolButton>("imgNoteEqual").click();
     const QList<int> sizes = e.get<QSplitter>("hSplitter").sizes();
     QVERIFY(std::abs(sizes.first() - sizes.last()) < 20);
-}
-
-void tst_frmSnipVale::failedSaveKeepsTheWindow()
-{
-    Editor e;
-    e.get<QLineEdit>("txtMemoName").setText(u"m"_s);
-    e.get<QPushButton>("cmdApply").click();
-    const QString path = e.archive.ArchivePath();
-    e.archive.setPath(e.scratch.path(u"gone.SVA"_s));
-    e.get<QLineEdit>("txtMemoName").setText(u"precious"_s);
-    e.questions.expect(QString());
-    e.get<QPushButton>("cmdOK").click();
-    QVERIFY(e.questions.asked.last().text.startsWith("Error in Save: "_L1));
-    QVERIFY(e.window->isVisible() && e.window->isDirty() && e.window->isEnabled());
-    e.archive.setPath(path); // mended: the same window saves
-    e.get<QPushButton>("cmdOK").click();
-    QCOMPARE(e.value(u"SELECT memoName FROM tab_memo"_s), u"precious"_s);
-}
-
-void tst_frmSnipVale::vanishedMemo()
-{
-    Editor e;
-    e.questions.expect(u"Error in Load: The memo is no longer in the archive."_s);
-    e.open(4711);
-    QVERIFY(!e.loaded);
-}
-
-void tst_frmSnipVale::keyboardOrder()
-{
-    Editor e;
-    QVERIFY(QTest::qWaitForWindowActive(e.window.get()));
-    QStringList order;
-    for (int i = 0; i < 20 && !order.contains(u"cmdClose"_s); ++i) {
-        order << QApplication::focusWidget()->objectName();
-        if (order.last() == "txtMemoLink"_L1)
-            QTest::keyClicks(QApplication::focusWidget(), u"https://x"_s); // enables the link button and Apply
-        const bool leaves = order.last() == "codeEditor"_L1 || order.last() == "rtfMemoNotes"_L1; // Tab types there
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, leaves ? Qt::ControlModifier : Qt::NoModifier);
-    }
-    order.removeAll(QString()); // the bar's button
-    QCOMPARE(order.join(u' '),
-             u"txtMemoName cboMemoType txtMemoDescription txtMemoLink cmdUrl imgCodePlus imgCodeMinus imgCodeEqual "
-             u"codeEditor "
-             "imgNotePlus imgNoteMinus imgNoteEqual cmbFontName cmbFontSize rtfMemoNotes cmdOK cmdApply cmdClose"_s);
 }
 
 SNIPVALE_TEST(tst_frmSnipVale)
