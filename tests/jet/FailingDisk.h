@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <cstddef>
+#include <map>
 #include <sqlite3.h>
 
 // While it lives, every file that SQLite opens can be made to fail: from the n-th change on, each write, sync,
@@ -14,7 +14,6 @@ public:
         s_real = sqlite3_vfs_find(nullptr);
         m_vfs = *s_real;
         m_vfs.zName = "failing";
-        m_vfs.szOsFile = int(sizeof(File)) + s_real->szOsFile;
         m_vfs.xOpen = open;
         m_vfs.xDelete = remove;
         m_vfs.pNext = nullptr;
@@ -36,63 +35,55 @@ public:
     }
     static void works() { s_code = SQLITE_OK; }
     static bool hasFailed() { return s_code && s_left <= 0; }
+    // Of all files so far; a deletion is synced with its folder.
+    static int syncs() { return s_syncs; }
+    static int syncedDeletions() { return s_syncedDeletions; }
 
 private:
-    struct File {
-        sqlite3_file base;
-        alignas(std::max_align_t) char after[1];
+    // What SQLite's own files can do, with the changes replaced.
+    struct Methods {
+        sqlite3_io_methods patched;
+        const sqlite3_io_methods* real;
     };
-    static sqlite3_file* real(sqlite3_file* file)
+    static const sqlite3_io_methods& real(const sqlite3_file* file)
     {
-        return reinterpret_cast<sqlite3_file*>(reinterpret_cast<File*>(file) + 1);
+        return *reinterpret_cast<const Methods*>(file->pMethods)->real;
     }
     static bool fails() { return s_code && --s_left <= 0; }
 
     static int open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* given)
     {
-        static const sqlite3_io_methods methods = table();
-        const int result = s_real->xOpen(s_real, name, real(file), flags, given);
-        file->pMethods = real(file)->pMethods ? &methods : nullptr;
+        static std::map<const sqlite3_io_methods*, Methods> known;
+        const int result = s_real->xOpen(s_real, name, file, flags, given);
+        if (file->pMethods) {
+            Methods& methods = known[file->pMethods];
+            methods = {*file->pMethods, file->pMethods};
+            methods.patched.iVersion = 1; // no shared memory, no mapping
+            methods.patched.xWrite = write;
+            methods.patched.xTruncate = [](sqlite3_file* f, sqlite3_int64 n) {
+                return fails() ? SQLITE_IOERR_TRUNCATE : real(f).xTruncate(f, n);
+            };
+            methods.patched.xSync = [](sqlite3_file* f, int flags) {
+                ++s_syncs;
+                return fails() ? SQLITE_IOERR_FSYNC : real(f).xSync(f, flags);
+            };
+            file->pMethods = &methods.patched;
+        }
         return result;
+    }
+    static int write(sqlite3_file* file, const void* from, int n, sqlite3_int64 at)
+    {
+        const bool isBroken = fails();
+        const int result = real(file).xWrite(file, from, isBroken ? n / 2 : n, at);
+        return isBroken ? s_code : result;
     }
     static int remove(sqlite3_vfs*, const char* name, int sync)
     {
+        s_syncedDeletions += sync != 0;
         return fails() ? SQLITE_IOERR_DELETE : s_real->xDelete(s_real, name, sync);
-    }
-    static sqlite3_io_methods table()
-    {
-        sqlite3_io_methods m{};
-        m.iVersion = 1;
-        m.xClose = [](sqlite3_file* f) { return real(f)->pMethods->xClose(real(f)); };
-        m.xRead = [](sqlite3_file* f, void* to, int n, sqlite3_int64 at) {
-            return real(f)->pMethods->xRead(real(f), to, n, at);
-        };
-        m.xWrite = [](sqlite3_file* f, const void* from, int n, sqlite3_int64 at) {
-            const bool broken = fails();
-            const int result = real(f)->pMethods->xWrite(real(f), from, broken ? n / 2 : n, at);
-            return broken ? s_code : result;
-        };
-        m.xTruncate = [](sqlite3_file* f, sqlite3_int64 n) {
-            return fails() ? SQLITE_IOERR_TRUNCATE : real(f)->pMethods->xTruncate(real(f), n);
-        };
-        m.xSync = [](sqlite3_file* f, int flags) {
-            return fails() ? SQLITE_IOERR_FSYNC : real(f)->pMethods->xSync(real(f), flags);
-        };
-        m.xFileSize = [](sqlite3_file* f, sqlite3_int64* n) { return real(f)->pMethods->xFileSize(real(f), n); };
-        m.xLock = [](sqlite3_file* f, int level) { return real(f)->pMethods->xLock(real(f), level); };
-        m.xUnlock = [](sqlite3_file* f, int level) { return real(f)->pMethods->xUnlock(real(f), level); };
-        m.xCheckReservedLock = [](sqlite3_file* f, int* held) {
-            return real(f)->pMethods->xCheckReservedLock(real(f), held);
-        };
-        m.xFileControl = [](sqlite3_file* f, int what, void* with) {
-            return real(f)->pMethods->xFileControl(real(f), what, with);
-        };
-        m.xSectorSize = [](sqlite3_file* f) { return real(f)->pMethods->xSectorSize(real(f)); };
-        m.xDeviceCharacteristics = [](sqlite3_file* f) { return real(f)->pMethods->xDeviceCharacteristics(real(f)); };
-        return m;
     }
 
     sqlite3_vfs m_vfs{};
     inline static sqlite3_vfs* s_real = nullptr;
-    inline static int s_left = 0, s_code = 0;
+    inline static int s_left = 0, s_code = 0, s_syncs = 0, s_syncedDeletions = 0;
 };

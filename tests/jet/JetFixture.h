@@ -71,10 +71,7 @@ public:
     jet::Connection connection;
 
 private:
-    static int columnsOf(const QString& sql)
-    {
-        return static_cast<int>(sql.left(sql.indexOf(u" FROM "_s)).count(u',')) + 1;
-    }
+    static int columnsOf(const QString& sql) { return int(sql.left(sql.indexOf(u" FROM "_s)).count(u',')) + 1; }
     static QStringList schema()
     {
         const QString toCategory = u" REFERENCES tab_category (categoryID) ON UPDATE CASCADE ON DELETE CASCADE, "_s;
@@ -88,12 +85,6 @@ private:
                 toCategory +
                 u" name          TEXT(255),  description   LONGTEXT,  dateIn        DATETIME,  dateLastMod   DATETIME,  startDate     DATETIME,  dueDate       DATETIME,  endDate       DATETIME,  alarmOn       YESNO,    alarmDate     DATETIME,  priority          SHORT,  status            SHORT,  percentComplete   SHORT,  resources     LONGTEXT,  done          YESNO,  CONSTRAINT ID_PK PRIMARY KEY(todoID) )"_s,
             u"CREATE INDEX categoryID_IDX ON tab_todo (categoryID)"_s,
-            u" CREATE TABLE tab_version (  versionID        COUNTER,  versionName          TEXT(255),  versionBuild         LONG,  dateMod        DATETIME,  CONSTRAINT ID_PK PRIMARY KEY(versionID) )"_s,
-            u"CREATE TABLE tab_password ( passwordID COUNTER, passwordCategoryID LONG, title TEXT(255), userName TEXT(4000), password TEXT(4000), URL TEXT(2048), notes LONGTEXT, dateIn DATETIME, dateLastMod DATETIME, description LONGTEXT, CONSTRAINT ID_PK PRIMARY KEY(passwordID) )"_s,
-            u"CREATE TABLE tab_passwordCategory ( passwordCategoryID COUNTER, name TEXT(255), description LONGTEXT, notes LONGTEXT, CONSTRAINT ID_PK PRIMARY KEY(passwordCategoryID) )"_s,
-            u"CREATE TABLE tab_bookmark ( bookmarkID COUNTER, categoryID LONG CONSTRAINT RfCategory_Bookmark"_s +
-                toCategory +
-                u"name TEXT(255), url TEXT(2048), keywords TEXT(255), description LONGTEXT, dateIn DATETIME, dateLastMod DATETIME, CONSTRAINT ID_PK PRIMARY KEY(bookmarkID) )"_s,
             u"CREATE TABLE tab_note ( noteID COUNTER, content LONGTEXT, color TEXT(16), noteDate DATETIME, CONSTRAINT ID_PK PRIMARY KEY(noteID) )"_s,
             u"CREATE TABLE tab_option ( code TEXT(64), options LONGTEXT, CONSTRAINT ID_PK PRIMARY KEY (code) )"_s,
         };

@@ -4,54 +4,56 @@
 #include "support/UiSupport.h"
 
 #include "desktop/PreviousInstance.h"
+#include "desktop/ui/QtClipboard.h"
 #include "desktop/ui/QtDesktop.h"
 
+#include <QClipboard>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 class tst_QtDesktop : public QObject {
     Q_OBJECT
 private slots:
-    void messageBoxes_data();
     void messageBoxes();
     void fileDialogs();
     void instances();
+    void aSecretIsMarkedAndGoes();
 };
-
-void tst_QtDesktop::messageBoxes_data()
-{
-    QTest::addColumn<int>("style");
-    QTest::addColumn<int>("icon");
-    QTest::addColumn<int>("defaultButton");
-    QTest::newRow("plain") << 0 << int(QMessageBox::NoIcon) << 0;
-    QTest::newRow("critical") << 16 << int(QMessageBox::Critical) << 0;
-    QTest::newRow("exclamation") << 48 << int(QMessageBox::Warning) << 0;
-    QTest::newRow("information") << 64 << int(QMessageBox::Information) << 0;
-    QTest::newRow("question") << 36 << int(QMessageBox::Question) << int(QMessageBox::Yes);
-    QTest::newRow("question, no") << 292 << int(QMessageBox::Question) << int(QMessageBox::No);
-}
 
 void tst_QtDesktop::messageBoxes()
 {
-    QFETCH(int, style);
-    QFETCH(int, icon);
-    QFETCH(int, defaultButton);
+    struct Row {
+        MessageStyle style;
+        QMessageBox::Icon icon;
+        QMessageBox::StandardButton standard; // of a question
+    };
+    constexpr Row rows[] = {{MessageStyle::Plain, QMessageBox::NoIcon, QMessageBox::NoButton},
+                            {MessageStyle::Critical, QMessageBox::Critical, QMessageBox::NoButton},
+                            {MessageStyle::Exclamation, QMessageBox::Warning, QMessageBox::NoButton},
+                            {MessageStyle::Information, QMessageBox::Information, QMessageBox::NoButton},
+                            {MessageStyle::YesNo, QMessageBox::Question, QMessageBox::Yes},
+                            {MessageStyle::YesNoDefaultNo, QMessageBox::Question, QMessageBox::No}};
     QtQuestions questions;
-    whenModal([&](QWidget& window) {
-        auto& box = dynamic_cast<QMessageBox&>(window);
-        QCOMPARE(box.text(), u"<b>a</b>\nb & c\nd"_s);
-        QCOMPARE(box.textFormat(), Qt::PlainText);
-        QCOMPARE(box.windowTitle(), u"Title "_s);
-        QCOMPARE(int(box.icon()), icon);
-        QCOMPARE(box.defaultButton() ? int(box.standardButton(box.defaultButton())) : 0, defaultButton);
-        QTest::keyClick(&box, Qt::Key_Escape);
-    });
-    const Answer answer = questions.ask(u"<b>a</b>\r\nb & c\rd"_s, MessageStyle(style), u"Title "_s);
-    QCOMPARE(answer, defaultButton ? Answer::No : Answer::Ok); // Escape never says yes
+    for (const Row& row : rows) {
+        whenModal([&](QWidget& window) {
+            auto& box = dynamic_cast<QMessageBox&>(window);
+            QCOMPARE(box.text(), u"<b>a</b>\nb & c\nd"_s);
+            QCOMPARE(box.textFormat(), Qt::PlainText);
+            QCOMPARE(box.windowTitle(), u"Title "_s);
+            QCOMPARE(box.icon(), row.icon);
+            QCOMPARE(box.defaultButton() ? box.standardButton(box.defaultButton()) : QMessageBox::NoButton,
+                     row.standard);
+            QTest::keyClick(&box, Qt::Key_Escape);
+        });
+        const Answer answer = questions.ask(u"<b>a</b>\r\nb & c\rd"_s, row.style, u"Title "_s);
+        QCOMPARE(answer, row.standard ? Answer::No : Answer::Ok); // Escape never says yes
+    }
 }
 
 void tst_QtDesktop::fileDialogs()
@@ -89,6 +91,31 @@ void tst_QtDesktop::instances()
     QTRY_VERIFY(asked);
     first.reset();
     QVERIFY(!SocketInstance(home.path()).isRunning());
+}
+
+void tst_QtDesktop::aSecretIsMarkedAndGoes()
+{
+    QClipboard& desktop = *QGuiApplication::clipboard();
+    QtClipboard clipboard(200ms);
+    clipboard.copySecret(u"first"_s);
+    QTest::qWait(120);
+    clipboard.copySecret(u"пароль"_s);
+    QCOMPARE(desktop.mimeData()->data(u"x-kde-passwordManagerHint"_s), "secret");
+    QTest::qWait(120); // the second one has a period of its own
+    QCOMPARE(desktop.text(), u"пароль"_s);
+    QTRY_COMPARE(desktop.text(), QString());
+    clipboard.copySecret(u"secret"_s);
+    desktop.setText(u"copied later"_s);
+    QTest::qWait(250);
+    QCOMPARE(desktop.text(), u"copied later"_s);
+    QImage picture(1, 1, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    clipboard.copySecret(QString()); // has the text of a picture
+    desktop.setImage(picture);
+    clipboard.wipe();
+    QVERIFY(!desktop.image().isNull());
+    std::make_unique<QtClipboard>()->copySecret(u"at the end"_s);
+    QCOMPARE(desktop.text(), QString());
 }
 
 SNIPVALE_TEST(tst_QtDesktop)
