@@ -4,7 +4,7 @@
 // it, "start_once empty" one with the parts of any such program (menus, a tool bar, a small tree, an editor) and no
 // data, "start_once HOME" the program on that home folder. All three link the same libraries.
 #include "app/modSnipVale.h"
-#include "app/ui/Startup.h"
+#include "app/ui/Program.h"
 #include "app/ui/frmMain.h"
 #include "desktop/Clock.h"
 #include "desktop/Desktop.h"

@@ -34,17 +34,17 @@ public:
     Place find(const QString& section, const QString& key) const
     {
         Place place;
-        bool inside = false;
+        bool isInside = false;
         for (qsizetype i = 0; i < m_lines.size(); ++i) {
             const QString line = text(m_lines[i]).trimmed();
             if (line.startsWith(u'[')) {
-                if (inside)
+                if (isInside)
                     break;
-                inside = line.mid(1, line.indexOf(u']') - 1).trimmed().compare(section, Qt::CaseInsensitive) == 0;
-                place.insertAt = inside ? i + 1 : -1;
+                isInside = line.mid(1, line.indexOf(u']') - 1).trimmed().compare(section, Qt::CaseInsensitive) == 0;
+                place.insertAt = isInside ? i + 1 : -1;
                 continue;
             }
-            if (!inside || line.isEmpty())
+            if (!isInside || line.isEmpty())
                 continue;
             place.insertAt = i + 1;
             if (line.startsWith(u';') || line.section(u'=', 0, 0).trimmed().compare(key, Qt::CaseInsensitive) != 0)

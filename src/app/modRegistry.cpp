@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QFile>
 #include <QSaveFile>
-#include <QSettings>
 
 using namespace Qt::StringLiterals;
 
@@ -103,6 +102,11 @@ QString modRegistry::autostartFile(const QString& name) const
     return m_configFolder + u"/autostart/"_s + name.toLower() + u".desktop"_s;
 }
 
+QSettings modRegistry::store() const
+{
+    return QSettings(m_configFolder + u"/snipvale/registry.ini"_s, QSettings::IniFormat);
+}
+
 QString modRegistry::storeGroup(quint32 root, const QString& key) const
 {
     return QString::number(root, 16) + u'/' + key.toLower().replace(u'\\', u'/');
@@ -110,14 +114,14 @@ QString modRegistry::storeGroup(quint32 root, const QString& key) const
 
 bool modRegistry::RegKeyExists(quint32 root, const QString& key)
 {
-    bool exists = isRunKey(root, key);
-    if (!exists) {
-        QSettings store(m_configFolder + u"/snipvale/registry.ini"_s, QSettings::IniFormat);
-        store.beginGroup(storeGroup(root, key));
-        exists = !store.allKeys().isEmpty();
+    bool isThere = isRunKey(root, key);
+    if (!isThere) {
+        QSettings settings = store();
+        settings.beginGroup(storeGroup(root, key));
+        isThere = !settings.allKeys().isEmpty();
     }
-    RegLastResult = exists ? success : notFound;
-    return exists;
+    RegLastResult = isThere ? success : notFound;
+    return isThere;
 }
 
 QVariant modRegistry::GetRegValue(quint32 root, const QString& key, const QString& name)
@@ -126,8 +130,7 @@ QVariant modRegistry::GetRegValue(quint32 root, const QString& key, const QStrin
     if (isRunKey(root, key)) {
         value = programOfEntry(autostartFile(name));
     } else {
-        QSettings store(m_configFolder + u"/snipvale/registry.ini"_s, QSettings::IniFormat);
-        value = store.value(storeGroup(root, key) + u"/="_s + name.toLower());
+        value = store().value(storeGroup(root, key) + u"/="_s + name.toLower());
     }
     RegLastResult = value.isValid() ? success : notFound;
     return value.isValid() ? value : QVariant(QString());
@@ -135,7 +138,7 @@ QVariant modRegistry::GetRegValue(quint32 root, const QString& key, const QStrin
 
 void modRegistry::SetRegValue(quint32 root, const QString& key, const QString& name, const QVariant& value)
 {
-    bool written = false;
+    bool isWritten = false;
     if (isRunKey(root, key)) {
         QDir().mkpath(m_configFolder + u"/autostart"_s);
         QSaveFile entry(autostartFile(name));
@@ -144,14 +147,15 @@ void modRegistry::SetRegValue(quint32 root, const QString& key, const QString& n
             exec += u' ' + execArgument(argument);
         const QString text = u"[Desktop Entry]\nType=Application\nName="_s + name + u"\nExec="_s + escapedValue(exec) +
             u"\nIcon=snipvale\nTerminal=false\n"_s;
-        written = entry.open(QIODevice::WriteOnly) && entry.write(text.toUtf8()) > 0 && entry.flush() && entry.commit();
+        isWritten =
+            entry.open(QIODevice::WriteOnly) && entry.write(text.toUtf8()) > 0 && entry.flush() && entry.commit();
     } else {
-        QSettings store(m_configFolder + u"/snipvale/registry.ini"_s, QSettings::IniFormat);
-        store.setValue(storeGroup(root, key) + u"/="_s + name.toLower(), value);
-        store.sync();
-        written = store.status() == QSettings::NoError;
+        QSettings settings = store();
+        settings.setValue(storeGroup(root, key) + u"/="_s + name.toLower(), value);
+        settings.sync();
+        isWritten = settings.status() == QSettings::NoError;
     }
-    RegLastResult = written ? success : refused;
+    RegLastResult = isWritten ? success : refused;
 }
 
 void modRegistry::DeleteRegValue(quint32 root, const QString& key, const QString& name)
@@ -162,10 +166,10 @@ void modRegistry::DeleteRegValue(quint32 root, const QString& key, const QString
         RegLastResult = QFile::remove(autostartFile(name)) ? success : notFound;
         return;
     }
-    QSettings store(m_configFolder + u"/snipvale/registry.ini"_s, QSettings::IniFormat);
+    QSettings settings = store();
     const QString path = storeGroup(root, key) + u"/="_s + name.toLower();
-    RegLastResult = store.contains(path) ? success : notFound;
-    store.remove(path);
+    RegLastResult = settings.contains(path) ? success : notFound;
+    settings.remove(path);
 }
 
 void modRegistry::CreateRegKey(quint32 root, const QString& key)
@@ -174,8 +178,8 @@ void modRegistry::CreateRegKey(quint32 root, const QString& key)
         RegLastResult = QDir().mkpath(m_configFolder + u"/autostart"_s) ? success : refused;
         return;
     }
-    QSettings store(m_configFolder + u"/snipvale/registry.ini"_s, QSettings::IniFormat);
-    store.setValue(storeGroup(root, key) + u"/@"_s, QString());
-    store.sync();
-    RegLastResult = store.status() == QSettings::NoError ? success : refused;
+    QSettings settings = store();
+    settings.setValue(storeGroup(root, key) + u"/@"_s, QString());
+    settings.sync();
+    RegLastResult = settings.status() == QSettings::NoError ? success : refused;
 }

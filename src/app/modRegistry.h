@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QSettings>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -30,6 +31,7 @@ public:
 private:
     bool isRunKey(quint32 root, const QString& key) const;
     QString autostartFile(const QString& name) const;
+    QSettings store() const;
     QString storeGroup(quint32 root, const QString& key) const;
     QString m_configFolder;
     QStringList m_startArguments;

@@ -9,6 +9,19 @@
 
 using namespace Qt::StringLiterals;
 
+QByteArray bytesOf(const QString& name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void writeFile(const QString& name, const QByteArray& bytes)
+{
+    QFile file(name);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("%s cannot be written", qPrintable(name));
+}
+
 Answer ScriptedQuestions::ask(const QString& text, MessageStyle style, const QString& title)
 {
     asked.append({text, style, title});

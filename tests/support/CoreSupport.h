@@ -11,6 +11,10 @@
 #include <QTemporaryDir>
 #include <deque>
 
+// A file's contents; empty when it cannot be read. And a file with these contents, or the end of the test.
+QByteArray bytesOf(const QString& name);
+void writeFile(const QString& name, const QByteArray& bytes);
+
 // Answers questions by script and keeps what was asked. A question that no script foresaw fails the test.
 class ScriptedQuestions : public Questions {
 public:

@@ -57,6 +57,7 @@ class FakeFrame : public FrameServices {
 public:
     void handleCommand(const QString& name, const QString&, std::function<void()> handler) override
     {
+        enabledCommands[name] = bool(handler);
         handlers[name] = std::move(handler);
     }
     void enableCommand(const QString& name, bool enabled) override { enabledCommands[name] = enabled; }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/ui/frmHelp.h"
 
-#include "app/ui/HelpPage.h"
 #include "archive/ErrorTrap.h"
 #include "desktop/Desktop.h"
 #include "ui/widgets/Icons.h"
@@ -11,15 +10,20 @@
 
 #include <QApplication>
 #include <QBoxLayout>
+#include <QFile>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QResizeEvent>
 #include <QScreen>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeWidget>
+#include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -27,8 +31,94 @@ namespace {
 
 constexpr int PageRole = Qt::UserRole;
 const QString firstPage = u"index.html"_s;
+constexpr int margin = 16; // logical pixels around the text of a page
+constexpr int smallest = -4; // steps of the zoom
+constexpr int largest = 12;
 
 } // namespace
+
+HelpPage::HelpPage(QWidget* parent) : QTextBrowser(parent)
+{
+    setOpenLinks(false);
+    setUndoRedoEnabled(false);
+    document()->setDocumentMargin(margin);
+    // The bar is always there: pictures that just need it would let it come and go with their own width.
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+}
+
+void HelpPage::setStyleFile(const QString& name)
+{
+    QFile file(name);
+    if (file.open(QFile::ReadOnly))
+        document()->setDefaultStyleSheet(QString::fromUtf8(file.readAll()));
+}
+
+void HelpPage::zoom(int steps)
+{
+    const int wanted = steps == 0 ? 0 : std::clamp(m_zoom + steps, smallest, largest);
+    zoomIn(wanted - std::exchange(m_zoom, wanted));
+}
+
+bool HelpPage::findNext(const QString& text, QTextDocument::FindFlags flags)
+{
+    if (find(text, flags))
+        return true;
+    const QTextCursor before = textCursor();
+    moveCursor(flags.testFlag(QTextDocument::FindBackward) ? QTextCursor::End : QTextCursor::Start);
+    if (find(text, flags))
+        return true;
+    setTextCursor(before);
+    return false;
+}
+
+QVariant HelpPage::loadResource(int type, const QUrl& name)
+{
+    QVariant resource = QTextBrowser::loadResource(type, name);
+    if (type != QTextDocument::ImageResource)
+        return resource;
+    // A picture with a palette would be dithered when it is made smaller.
+    const QImage picture =
+        QImage::fromData(resource.toByteArray()).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    if (picture.isNull())
+        return resource;
+    m_pictures.insert(name, picture);
+    return fitted(picture);
+}
+
+QPixmap HelpPage::fitted(const QImage& picture) const
+{
+    const qreal scale = devicePixelRatioF();
+    const int widest = std::max(viewport()->width() - 2 * margin, 1);
+    const int width = qRound(std::min(picture.width(), widest) * scale);
+    QPixmap pixmap =
+        QPixmap::fromImage(width == picture.width() ? picture : picture.scaledToWidth(width, Qt::SmoothTransformation));
+    pixmap.setDevicePixelRatio(scale);
+    return pixmap;
+}
+
+void HelpPage::fitPictures()
+{
+    for (auto it = m_pictures.cbegin(); it != m_pictures.cend(); ++it)
+        document()->addResource(QTextDocument::ImageResource, it.key(), fitted(it.value()));
+    document()->markContentsDirty(0, document()->characterCount());
+}
+
+void HelpPage::resizeEvent(QResizeEvent* event)
+{
+    if (event->size().width() != event->oldSize().width())
+        fitPictures();
+    QTextBrowser::resizeEvent(event);
+}
+
+void HelpPage::changeEvent(QEvent* event)
+{
+    QTextBrowser::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange || source().isEmpty())
+        return;
+    const int place = verticalScrollBar()->value();
+    reload(); // links and frames have the colours of the palette that the page was read under
+    verticalScrollBar()->setValue(place);
+}
 
 frmHelp::frmHelp(const QString& folder, const Desktop& desktop) : m_book(folder), m_desktop(desktop)
 {

@@ -257,11 +257,11 @@ void frmMain::CompactArchive()
     jet::CompactResult result;
     // In the archive's own folder, so that taking its place is one rename.
     const QString temporary = QFileInfo(archive).absolutePath() + u"/tmpCompactDB.sva"_s;
-    const bool done =
+    const bool isDone =
         trapErrors(m_desktop.questions, u"CompactArchive"_s, [&] { result = jet::compactArchive(archive, temporary); });
     unsetCursor();
     setStatus(u"SnipVale"_s);
-    if (done)
+    if (isDone)
         reportCompacted(result);
 }
 
@@ -285,16 +285,6 @@ void frmMain::reportCompacted(const jet::CompactResult& result)
 void frmMain::makeToolCommands()
 {
     handleCommand(u"miToolsOptions"_s, ownRoutine, [this] { showOptions(); });
-    handleCommand(u"miOptionsLanguage"_s, u"OpenLanguage"_s, [this] {
-        if (m_options)
-            m_options->OpenLanguage();
-    });
-    handleCommand(u"miOptionsLanguageDetailsOpen"_s, u"OpenDetails"_s, [this] {
-        if (m_options)
-            m_options->OpenDetails();
-    });
-    for (const QString& tool : {u"miOptionsLanguage"_s, u"miOptionsLanguageDetailsOpen"_s})
-        m_bars->enable(tool, false); // they are commands of windows that are not open yet
     handleCommand(u"miHelpWeb"_s, u"HelpWeb"_s, [this] { m_program.HelpWeb(); });
     for (const QString& tool : {u"miHelpManual"_s, u"miHelp"_s})
         handleCommand(tool, u"HelpManual"_s, [this] { HelpManual(); });
@@ -306,7 +296,6 @@ void frmMain::showOptions()
 {
     frmOptions options(m_program, m_desktop, *this, this);
     connect(&options, &frmOptions::lookChanged, m_bars, &CommandBars::setFlatLook);
-    m_options = &options;
     options.Form_Load(); // without the languages the rest can still be set
     options.exec();
 }

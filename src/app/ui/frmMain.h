@@ -10,7 +10,6 @@
 #include "vault/ui/VaultView.h"
 
 #include <QMainWindow>
-#include <QPointer>
 #include <QTimer>
 #include <array>
 #include <memory>
@@ -20,7 +19,6 @@ class CommandBars;
 class QLabel;
 class QStackedWidget;
 class frmHelp;
-class frmOptions;
 class modSnipVale;
 struct Desktop;
 namespace jet {
@@ -89,7 +87,6 @@ private:
     FrameView* m_viewInFront = nullptr;
 
     AlarmWindows* m_alarms = nullptr;
-    QPointer<frmOptions> m_options; // while it is open
     std::unique_ptr<frmHelp> m_help; // null until it is first asked for
     std::unique_ptr<frmSysTray> m_tray; // null until it is loaded
     UnloadReason m_reason = UnloadReason::CloseBox; // of the close event to come

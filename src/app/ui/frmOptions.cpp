@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/ui/frmOptions.h"
 
-#include "app/Home.h"
 #include "app/Settings.h"
 #include "app/modSnipVale.h"
 #include "archive/ErrorTrap.h"
@@ -44,32 +43,25 @@ frmOptions::frmOptions(modSnipVale& program, const Desktop& desktop, FrameServic
       m_languages(new QStandardItemModel(this))
 {
     m_ui->setupUi(this);
-    for (QLabel* heading : {m_ui->lblStartUp, m_ui->Label1, m_ui->Label4}) {
-        QFont bold = heading->font();
-        bold.setBold(true);
-        heading->setFont(bold);
-    }
     m_languages->setHorizontalHeaderLabels({u"Language"_s, u"Description"_s});
     m_ui->lvwLanguage->setModel(m_languages);
+    m_frame.handleCommand(openCommand, u"OpenLanguage"_s, [this] { OpenLanguage(); });
 }
 
 frmOptions::~frmOptions()
 {
-    m_frame.enableCommand(openCommand, false);
+    m_frame.handleCommand(openCommand, {}, {});
 }
 
 bool frmOptions::Form_Load()
 {
-    m_ui->chkRunAtStart->setChecked(
-        !m_registry.GetRegValue(machine, u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Run"_s, runName)
-             .toString()
-             .isEmpty());
+    m_ui->chkRunAtStart->setChecked(!m_registry.GetRegValue(machine, runKey, runName).toString().isEmpty());
     showSettings();
-    const bool loaded = trapErrors(m_desktop.questions, u"Form_Load"_s, [this] { loadLanguages(); });
+    const bool isLoaded = trapErrors(m_desktop.questions, u"Form_Load"_s, [this] { loadLanguages(); });
     wireFields();
     updateCommands();
     m_ui->chkRunAtStart->setFocus();
-    return loaded;
+    return isLoaded;
 }
 
 // Of a settings file that went away or was spoilt meanwhile the box stays empty, and an empty box writes no path.
@@ -131,18 +123,11 @@ const QStandardItem* frmOptions::selectedLanguage() const
 void frmOptions::OpenLanguage()
 {
     const QStandardItem* language = selectedLanguage();
-    if (!language || m_languageWindow)
+    if (!language)
         return;
     frmOptionsLanguage window(m_program.archive, m_desktop, m_frame, this);
-    m_languageWindow = &window;
     if (window.Form_Load(leadingNumber(language->data(Qt::UserRole).toString()), language->text()))
         window.exec();
-}
-
-void frmOptions::OpenDetails()
-{
-    if (m_languageWindow)
-        m_languageWindow->OpenDetails();
 }
 
 void frmOptions::cmdSelect_Click()
@@ -157,13 +142,13 @@ void frmOptions::cmdOK_Click()
     const QString path = m_ui->txtDefaultDb->text();
     if (!mayKeepPath(path))
         return;
-    const bool saved = trapErrors(m_desktop.questions, u"cmdOK"_s, [this, &path] {
+    const bool isSaved = trapErrors(m_desktop.questions, u"cmdOK"_s, [this, &path] {
         saveDefaultArchive(path);
         saveLook();
         saveVisibility(m_program.archive, languagesInList());
         RunAtStart(m_ui->chkRunAtStart->isChecked());
     });
-    if (saved)
+    if (isSaved)
         accept();
 }
 

@@ -5,14 +5,12 @@
 #include "app/modRegistry.h"
 
 #include <QDialog>
-#include <QPointer>
 #include <memory>
 #include <vector>
 
 class FrameServices;
 class QStandardItem;
 class QStandardItemModel;
-class frmOptionsLanguage;
 class modSnipVale;
 struct Desktop;
 struct LanguageRow;
@@ -22,8 +20,8 @@ class frmOptions;
 }
 
 // The user's preferences: start with the system, the default archive, the look of the bars, and which languages the
-// memo editor offers. Nothing is written before OK. While a language is selected, the frame's command
-// "miOptionsLanguage" is enabled.
+// memo editor offers. Nothing is written before OK. While it is open, the frame's command "miOptionsLanguage" is its
+// own; it is enabled while a language is selected.
 class frmOptions : public QDialog {
     Q_OBJECT
 public:
@@ -34,7 +32,6 @@ public:
     bool Form_Load(); // false when the languages cannot be read; the message was shown, the rest can be used
 
     void OpenLanguage(); // the styles of the selected language; nothing when there is none
-    void OpenDetails(); // of the style that is selected in the open language window; nothing when none is open
 
 signals:
     void lookChanged(bool flat); // OK stored the look
@@ -59,6 +56,5 @@ private:
     FrameServices& m_frame;
     modRegistry m_registry;
     QStandardItemModel* m_languages;
-    QPointer<frmOptionsLanguage> m_languageWindow; // null while it is not open
     QString m_storedArchive; // what the settings file said
 };

@@ -2,21 +2,120 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/tour/Tour.h"
 
+#include "app/ui/Program.h"
 #include "explorer/ui/DragDrop.h"
-#include "ui/tour/TourWalk.h"
+#include "ui/widgets/OptionalDate.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
+#include <QDateEdit>
 #include <QDialog>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
 #include <QTextEdit>
+#include <QTimer>
 #include <QToolButton>
 #include <QTreeView>
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Account {
+    const char16_t* title;
+    const char16_t* description;
+    const char16_t* user;
+    const char16_t* password;
+    const char16_t* link;
+};
+constexpr Account accounts[] = {
+    {u"Build server", u"The nightly builds", u"builder", u"not a real one", u"https://build.example/"},
+    {u"Mailing list", u"Answers and announcements", u"ada@code.example", u"neither is this", u"https://lists.example/"},
+};
+
+QList<QWidget*> openNotes()
+{
+    QList<QWidget*> notes;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->objectName() == "frmNote"_L1 && window->isVisible())
+            notes.append(window);
+    return notes;
+}
+
+} // namespace
+
+void require(bool holds, const char* what)
+{
+    if (!holds)
+        throw std::runtime_error(what);
+}
+
+Tour::Tour(const QString& folder, const QString& shipped) : m_folder(folder), m_shipped(shipped)
+{
+    require(QDir().mkpath(folder), "the folder for the pictures cannot be made");
+    m_questions.onShown = [this](QWidget& box) { picture(box, u"message"_s); };
+}
+
+void Tour::picture(QWidget& window, const QString& name)
+{
+    settle();
+    const QString file = u"%1-%2.png"_s.arg(++m_number, 2, 10, QChar(u'0')).arg(name);
+    require(window.grab().save(m_folder.filePath(file)), "a picture cannot be written");
+}
+
+void Tour::start()
+{
+    const HomeFolders folders{m_scratch.filePath(u"home"_s), m_shipped};
+    prepareHome(folders);
+    m_program = std::make_unique<modSnipVale>(m_questions, m_clock, m_shell);
+    m_program->AppPath = folders.home;
+    m_program->ShippedPath = folders.shipped;
+    m_frame = Main(*m_program, m_desktop, m_previous);
+    require(m_frame != nullptr, "the program did not start");
+    settle();
+}
+
+void Tour::inner(const std::function<void()>& open, std::function<void(QWidget& window)> inWindow)
+{
+    whenModalShows([this, inWindow = std::move(inWindow)](QWidget& window) {
+        try {
+            inWindow(window);
+        } catch (const std::exception& error) {
+            m_failure = error.what();
+            window.close();
+        }
+    });
+    open();
+}
+
+void Tour::step(const char* command, std::function<void(QWidget& window)> inWindow)
+{
+    inner([&] { m_frame->runCommand(QString::fromLatin1(command)); }, std::move(inWindow));
+    settle();
+    if (!m_failure.empty())
+        throw std::runtime_error(m_failure);
+}
+
+QModelIndex Tour::category(const QString& name)
+{
+    const QAbstractItemModel& model = *find<QTreeView>(*m_frame, "tvTreeView").model();
+    const QModelIndexList found =
+        model.match(model.index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchExactly | Qt::MatchRecursive);
+    require(!found.isEmpty(), "a category is missing in the tree");
+    return found.first();
+}
+
+void Tour::selectCategory(const QString& name)
+{
+    find<QTreeView>(*m_frame, "tvTreeView").setCurrentIndex(category(name));
+    settle();
+}
 
 void Tour::newCategory()
 {
@@ -138,6 +237,150 @@ void Tour::dragMemo()
     selectCategory(u"Code"_s);
     require(list.model()->rowCount() == 1, "the memo did not arrive");
     picture(*m_frame, u"dragged"_s);
+}
+
+void Tour::newToDo()
+{
+    selectCategory(u"ToDo"_s);
+    step("miToDoNew", [this](QWidget& window) {
+        const QDateTime soon = m_clock.now().addDays(7);
+        find<QLineEdit>(window, "txtName").setText(u"Try the backup on another machine"_s);
+        find<OptionalDate>(window, "dtpDueDate").setValue(soon.date());
+        find<QCheckBox>(window, "chkAlarm").setChecked(true);
+        find<QDateEdit>(window, "dtpAlarmDay").setDate(m_clock.now().date().addDays(-1)); // due at the next check
+        find<QComboBox>(window, "cboPriority").setCurrentIndex(4);
+        find<QComboBox>(window, "cboStatus").setCurrentIndex(2);
+        find<QLineEdit>(window, "txtPercentComplete").setText(u"40"_s);
+        auto& description = find<QTextEdit>(window, "rtfDescription");
+        description.setFocus();
+        description.insertPlainText(u"Copy the archive there, open it, and compare the numbers of the summary."_s);
+        picture(window, u"new-to-do"_s);
+        find<QPushButton>(window, "cmdOK").click();
+    });
+    require(find<QTreeView>(*m_frame, "lvwToDo").model()->rowCount() == 1, "the to-do is not in the list");
+    picture(*m_frame, u"to-do-in-list"_s);
+}
+
+void Tour::reminder()
+{
+    QMetaObject::invokeMethod(m_frame->findChild<QTimer*>(u"TimerTask"_s), "timeout");
+    settle();
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto popup = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->objectName() == "frmAlarm"_L1 && window->isVisible();
+    });
+    require(popup != windows.end(), "the reminder did not pop up");
+    picture(**popup, u"reminder"_s);
+    find<QPushButton>(**popup, "cmdOK").click();
+    settle();
+    picture(*m_frame, u"reminder-answered"_s);
+}
+
+void Tour::passwords()
+{
+    step("Password", [this](QWidget& window) {
+        for (const char* box : {"txtPassword1", "txtPassword2"})
+            find<QLineEdit>(window, box).setText(u"correct horse"_s);
+        picture(window, u"master-password"_s);
+        find<QPushButton>(window, "cmdOK").click();
+    });
+    for (const Account& account : accounts)
+        step("miPasswordNew", [&](QWidget& window) {
+            find<QLineEdit>(window, "txtTitle").setText(QStringView(account.title).toString());
+            find<QPlainTextEdit>(window, "txtDescription").setPlainText(QStringView(account.description).toString());
+            find<QLineEdit>(window, "txtUserName").setText(QStringView(account.user).toString());
+            find<QLineEdit>(window, "txtPassword").setText(QStringView(account.password).toString());
+            find<QLineEdit>(window, "txtURL").setText(QStringView(account.link).toString());
+            if (&account == accounts)
+                picture(window, u"new-account"_s);
+            find<QPushButton>(window, "cmdOK").click();
+        });
+    require(find<QTreeView>(*m_frame, "lvwPassword").model()->rowCount() == 2, "the accounts are not in the list");
+    picture(*m_frame, u"passwords"_s);
+    m_frame->runCommand(u"miPasswordLock"_s);
+    require(!m_frame->findChild<QTreeView*>(u"lvwPassword"_s)->isVisible(), "the locked list is still there");
+}
+
+void Tour::notes()
+{
+    m_frame->runCommand(u"Note"_s);
+    const QString texts[] = {u"Ask Ada about the lexer."_s, u"Release on Friday:\n- tag\n- build\n- announce"_s};
+    for (const QString& text : texts) {
+        m_frame->runCommand(u"miNoteNew"_s);
+        const QList<QWidget*> open = openNotes();
+        require(open.size() == 1, "the note did not open");
+        find<QPlainTextEdit>(*open.first(), "txtContent").setPlainText(text);
+        if (&text == texts)
+            picture(*open.first(), u"sticky-note"_s);
+        open.first()->close();
+        settle();
+    }
+    auto& list = find<QAbstractItemView>(*m_frame, "lvwNote");
+    require(list.model()->rowCount() == 2, "the notes are not in the list");
+    list.setCurrentIndex(list.model()->index(1, 0));
+    m_frame->runCommand(u"miNoteColorGreen"_s);
+    picture(*m_frame, u"notes"_s);
+}
+
+void Tour::options()
+{
+    step("miToolsOptions", [this](QWidget& window) {
+        picture(window, u"options"_s);
+        find<QTabWidget>(window, "TabStrip1").setCurrentIndex(1);
+        auto& list = find<QTreeView>(window, "lvwLanguage");
+        const QModelIndexList found = list.model()->match(list.model()->index(0, 0), Qt::DisplayRole, u"C / C++"_s);
+        require(!found.isEmpty(), "C / C++ is not in the options");
+        list.setCurrentIndex(found.first());
+        picture(window, u"options-languages"_s);
+        inner([&] { find<QPushButton>(window, "cmdLanguage").click(); },
+              [this](QWidget& styles) { languageStyles(styles); });
+        find<QTabWidget>(window, "TabStrip1").setCurrentIndex(0);
+        find<QRadioButton>(window, "optStileNormale").setChecked(true);
+        find<QPushButton>(window, "cmdOK").click();
+    });
+    picture(*m_frame, u"other-look"_s);
+}
+
+void Tour::languageStyles(QWidget& window)
+{
+    auto& list = find<QTreeView>(window, "lvwLanguage");
+    require(list.model()->rowCount() > 5, "the language has no styles");
+    list.setCurrentIndex(list.model()->index(5, 0));
+    picture(window, u"language-styles"_s);
+    inner([&] { m_frame->runCommand(u"miOptionsLanguageDetailsOpen"_s); },
+          [this](QWidget& details) {
+              find<QCheckBox>(details, "chkItalic").click();
+              picture(details, u"style-details"_s);
+              find<QPushButton>(details, "cmdOK").click();
+          });
+    find<QPushButton>(window, "cmdOK").click();
+}
+
+void Tour::printPreview()
+{
+    selectCategory(u"Code"_s);
+    auto& list = find<QTreeView>(*m_frame, "lvwMemo");
+    list.setCurrentIndex(list.model()->index(0, 0));
+    step("miMemoPrintPreview", [this](QWidget& window) {
+        picture(window, u"print-preview"_s);
+        window.close();
+    });
+}
+
+void Tour::help()
+{
+    step("miHelpAbout", [this](QWidget& window) {
+        picture(window, u"about"_s);
+        window.close();
+    });
+    m_frame->runCommand(u"miHelpManual"_s);
+    settle();
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto manual = std::find_if(windows.begin(), windows.end(),
+                                     [](const QWidget* window) { return window->objectName() == "frmHelp"_L1; });
+    require(manual != windows.end() && (*manual)->isVisible(), "the manual did not open");
+    picture(**manual, u"help"_s);
+    (*manual)->close();
 }
 
 void Tour::run()

@@ -6,7 +6,6 @@
 #include "app/ui/frmAbout.h"
 
 #include <QClipboard>
-#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabWidget>
@@ -19,21 +18,17 @@ class tst_frmAbout : public QObject {
 private slots:
     void factsCanBeCopied();
     void licence();
-    void keyboard();
 };
 
 void tst_frmAbout::factsCanBeCopied()
 {
     frmAbout box({u"/data/mine & <b>.SVA"_s, u"/home/me"_s, QString()});
-    QCOMPARE(box.findChild<QLineEdit*>(u"txtArchive"_s)->text(), u"/data/mine & <b>.SVA"_s);
     box.findChild<QPushButton*>(u"cmdCopy"_s)->click();
     const QString copied = QGuiApplication::clipboard()->text();
     for (const QString& line : {u"SnipVale: " SNIPVALE_VERSION "\n"_s, u"Archive: /data/mine & <b>.SVA\n"_s,
                                 u"Program directory: /home/me\n"_s, u"Qt: "_s + QString::fromLatin1(qVersion())})
         QVERIFY2(copied.contains(line), qPrintable(copied));
-    for (const char* library : {"QScintilla", "SQLite"})
-        QVERIFY2(copied.contains(QRegularExpression(u"%1: \\d+\\.\\d+\\.\\d+\n"_s.arg(QLatin1StringView(library)))),
-                 library);
+    QVERIFY(copied.contains(QRegularExpression(u"SQLite: \\d+\\.\\d+\\.\\d+\n"_s)));
 }
 
 void tst_frmAbout::licence()
@@ -44,15 +39,8 @@ void tst_frmAbout::licence()
         const QString text = box.findChild<QPlainTextEdit*>(u"txtLicence"_s)->toPlainText();
         const bool isWhole = text.contains("GNU GENERAL PUBLIC LICENSE"_L1) && text.size() > 30000;
         QVERIFY(isWhole || (file == "/nowhere"_L1 && text.contains("https://www.gnu.org/licenses/"_L1)));
-    }
-}
-
-void tst_frmAbout::keyboard()
-{
-    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return}) {
-        frmAbout box({});
         box.show();
-        QTest::keyClick(&box, key);
+        QTest::keyClick(&box, Qt::Key_Escape);
         QVERIFY(box.isHidden());
     }
 }

@@ -1,22 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/ui/ProgramFixture.h"
 #include "support/Registry.h"
-#include "support/UiSupport.h"
 
-#include "app/modSnipVale.h"
 #include "app/ui/CommandTable.h"
-#include "app/ui/Startup.h"
-#include "app/ui/frmMain.h"
-#include "desktop/PreviousInstance.h"
-#include "explorer/ui/frmSnipValeS.h"
-#include "memo/cMemo.h"
 #include "ui/widgets/Icons.h"
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QToolBar>
@@ -28,61 +19,39 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString updated = u"Ver 3.0 - archive update completed successfully!"_s;
-const QString bye = u"Bye from SnipVale"_s;
-
-class FakeInstance : public PreviousInstance {
-public:
-    bool isRunning() const override { return running; }
-    void bringToFront() override { broughtToFront = true; }
-    bool running = false;
-    bool broughtToFront = false;
+struct Program : ProgramFixture {
+    QString status() { return get<QLabel>("status").text(); }
+    QToolBar& bar(const char* name) { return get<QToolBar>(name); }
+    QAbstractItemModel& treeModel() { return *get<QTreeView>("tvTreeView").model(); }
+    void choose(const char* kind) // the topmost category of that name
+    {
+        const QModelIndexList found = treeModel().match(treeModel().index(0, 0), Qt::DisplayRole,
+                                                        QString::fromLatin1(kind), 1, Qt::MatchRecursive);
+        get<QTreeView>("tvTreeView").setCurrentIndex(found.value(0));
+    }
+    void addMemos(int count, qsizetype size)
+    {
+        ArchiveUnit unit(program->archive);
+        jet::Connection::Transaction transaction(unit.connection());
+        for (int i = 0; i < count; ++i)
+            unit.Execute(
+                u"INSERT INTO tab_memo (categoryID, memoTypeID, memoName, snipVale) VALUES (1, 3, 'm', '%1')"_s.arg(
+                    QString(size, u'x')));
+        transaction.commit();
+    }
+    QString copyOfArchive(const QString& name)
+    {
+        if (!QFile::copy(scratch.path(), scratch.path(name)))
+            qFatal("no copy");
+        return scratch.path(name);
+    }
 };
 
-// A program with a home of its own; start() does what a start of the process does.
-struct Program {
-    Program() { setIni("[setup]\ndbfullpath=scratch.SVA\n"); }
-    void setIni(const QByteArray& text)
-    {
-        QFile ini(scratch.path(u"snipvale.ini"_s));
-        QVERIFY(ini.open(QIODevice::WriteOnly));
-        ini.write(text);
-    }
-    void start()
-    {
-        frame.reset();
-        program = std::make_unique<modSnipVale>(questions, clock, shell);
-        program->AppPath = scratch.folder();
-        frame = Main(*program, desktop, previous);
-    }
-    void startFresh()
-    {
-        questions.expect(updated);
-        start();
-    }
-    QString status() { return frame->findChild<QLabel*>(u"status"_s)->text(); }
-    QTreeView& tree() { return *frame->findChild<QTreeView*>(u"tvTreeView"_s); }
-    QAction& action(const char* name) { return *frame->findChild<QAction*>(QString::fromLatin1(name)); }
-    QToolBar& bar(const char* name) { return *frame->findChild<QToolBar*>(QString::fromLatin1(name)); }
-
-    ScratchArchive scratch;
-    ScriptedQuestions questions;
-    ManualClock clock;
-    ScriptedFiles files;
-    ScriptedShell shell;
-    FakeSound sound;
-    ScriptedPrinting printing;
-    FakeClipboard clipboard;
-    Desktop desktop{questions, files, shell, clock, sound, printing, clipboard};
-    FakeInstance previous;
-    std::unique_ptr<modSnipVale> program;
-    std::unique_ptr<frmMain> frame;
-};
-
-QByteArray bytesOf(const QString& name)
+void enterMasterWord(QWidget& window)
 {
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    for (QLineEdit* box : window.findChildren<QLineEdit*>())
+        box->setText(u"master word"_s);
+    window.findChild<QPushButton*>(u"cmdOK"_s)->click();
 }
 
 } // namespace
@@ -90,17 +59,15 @@ QByteArray bytesOf(const QString& name)
 class tst_frmMain : public QObject {
     Q_OBJECT
 private slots:
-    void tablesAgree();
-    void firstAndSecondStart();
+    void commandTables();
+    void starts();
     void secondInstance();
     void missingArchive();
-    void fileThatIsNoArchive_data();
     void fileThatIsNoArchive();
-    void badLookEndsTheStart();
-    void everyCommandIsThere();
     void viewCommands();
     void openArchive();
     void passwordsStayWithTheirArchive();
+    void changedMasterPassword();
     void saveCopy();
     void compact();
     void compactThatFails();
@@ -109,43 +76,54 @@ private slots:
     void reminders();
 };
 
-void tst_frmMain::tablesAgree()
+// Each command stands once, is shown somewhere, has a text and an icon of the theme, and somebody handles it.
+void tst_frmMain::commandTables()
 {
+    setUpIconTheme();
+    Program p;
+    p.startFresh();
     QSet<QString> known;
     for (const CommandRow& row : commandTable()) {
         QVERIFY2(!known.contains(QString::fromLatin1(row.name)), row.name);
         known.insert(QString::fromLatin1(row.name));
+        QVERIFY2(!p.action(row.name).text().isEmpty(), row.name);
+        QVERIFY2(!*row.icon || !QIcon::fromTheme(QString::fromLatin1(row.icon)).isNull(), row.icon);
+        p.frame->enableCommand(QString::fromLatin1(row.name), true);
+        const bool isOfAnotherWindow = QByteArrayView(row.name).startsWith("miOptions");
+        QVERIFY2(p.action(row.name).isEnabled() != isOfAnotherWindow, row.name);
     }
     QSet<QString> shown;
-    const auto check = [&](const char* items) {
+    const auto collect = [&](const char* items) {
         for (const QString& item : QString::fromLatin1(items).split(u' '))
-            if (item != "-"_L1 && !item.startsWith("mnu"_L1)) {
-                QVERIFY2(known.contains(item), qPrintable(item));
+            if (item != "-"_L1 && !item.startsWith("mnu"_L1))
                 shown.insert(item);
-            }
     };
     for (const MenuRow& row : menuTable())
-        check(row.items);
+        collect(row.items);
     for (const BarRow& row : barTable())
-        check(row.items);
-    QCOMPARE(shown, known); // no command that nobody can reach
+        collect(row.items);
+    QCOMPARE(shown, known);
+    p.run("no such tool");
 }
 
-void tst_frmMain::firstAndSecondStart()
+void tst_frmMain::starts()
 {
     Program p;
     p.startFresh();
-    QVERIFY(p.frame);
     QCOMPARE(p.frame->windowTitle(), u" SnipVale 3.1.12 - [scratch.SVA]"_s);
     QCOMPARE(p.status(), u"Snip Vale"_s);
-    QVERIFY(p.frame->findChild<QWidget*>(u"frmSnipValeS"_s)->isVisible());
+    QVERIFY(p.get<QWidget>("frmSnipValeS").isVisible());
     QVERIFY(p.bar("barMemo").isVisible() && !p.bar("barPassword").isVisible() && !p.bar("barNote").isVisible());
-    const auto* timer = p.frame->findChild<QTimer*>(u"TimerTask"_s);
-    QVERIFY(timer && timer->isActive());
-    QCOMPARE(timer->interval(), 15000);
+    const auto& timer = p.get<QTimer>("TimerTask");
+    QVERIFY(timer.isActive() && timer.interval() == 15000);
     p.start(); // nothing to upgrade, nothing to say
-    QVERIFY(p.frame);
     QCOMPARE(p.questions.asked.size(), 1);
+    p.run("miMemoNew"); // disabled on the welcome page: no window opens
+    QVERIFY(!p.action("miMemoNew").isEnabled() && !QApplication::activeModalWidget());
+    p.setIni("[setup]\ndbfullpath=scratch.SVA\n[preferences]\nxplook=pretty\n");
+    p.questions.expect(u"Error in Main: Type mismatch"_s);
+    p.start();
+    QVERIFY(!p.frame);
 }
 
 void tst_frmMain::secondInstance()
@@ -155,7 +133,6 @@ void tst_frmMain::secondInstance()
     p.questions.expect(u"SnipVale is already running.\r\nWould you run a new instance?"_s, Answer::No);
     p.start();
     QVERIFY(!p.frame && p.previous.broughtToFront);
-    QCOMPARE(p.questions.asked.last().title, u"SnipVale: Open new instance?"_s);
     QCOMPARE(p.questions.asked.last().style, MessageStyle::YesNoDefaultNo);
     p.questions.expect(QString(), Answer::Yes);
     p.startFresh();
@@ -171,86 +148,47 @@ void tst_frmMain::missingArchive()
     p.questions.expect(u"Error updating db to version 3.0"_s);
     p.questions.expect(QString());
     p.start();
-    QVERIFY(p.frame);
-    QVERIFY(p.questions.asked[1].text.startsWith("Error in ExistTable: "_L1));
     QVERIFY(p.questions.asked[3].text.startsWith("Error in LoadTreeView: "_L1));
     QVERIFY(!QFile::exists(p.scratch.path(u"missing.SVA"_s)));
     p.files.answers = {p.scratch.path()}; // and the way out works
-    p.questions.expect(updated);
-    p.frame->ActiveBar21_Click(u"miFileOpen"_s);
-    QCOMPARE(p.tree().model()->rowCount(p.tree().model()->index(0, 0)), 3);
-}
-
-void tst_frmMain::fileThatIsNoArchive_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("nothing") << QByteArray();
-    QTest::newRow("picture") << QByteArray("\x89PNG\r\n\x1A\n") + QByteArray(5000, 'x');
-    QTest::newRow("settings") << QByteArray("[setup]\nx=1\n");
-    QTest::newRow("truncated archive") << bytesOf(QStringLiteral(SHIPPED_DIR "/snipvale.SVA")).left(9000);
+    p.questions.expect(QString());
+    p.run("miFileOpen");
+    QCOMPARE(p.treeModel().rowCount(p.treeModel().index(0, 0)), 3);
 }
 
 void tst_frmMain::fileThatIsNoArchive()
 {
-    QFETCH(QByteArray, bytes);
+    const QByteArray rows[] = {QByteArray(), "\x89PNG\r\n\x1A\n" + QByteArray(5000, 'x'),
+                               bytesOf(QStringLiteral(SHIPPED_DIR "/snipvale.SVA")).left(9000)};
     Program p;
     p.startFresh();
     const QString name = p.scratch.path(u"odd.SVA"_s);
-    QFile file(name);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-    file.close();
-    p.files.answers = {name};
-    p.questions.expect(QString());
-    p.questions.expect(u"Error updating db to version 3.0"_s);
-    p.questions.expect(QString());
-    p.frame->OpenArchive();
-    QCOMPARE(bytesOf(name), bytes); // never written to
-    QCOMPARE(QDir(p.scratch.folder()).entryList({u"odd*"_s}), QStringList({u"odd.SVA"_s}));
-    QVERIFY(p.frame->isEnabled());
-}
-
-void tst_frmMain::badLookEndsTheStart()
-{
-    Program p;
-    p.setIni("[setup]\ndbfullpath=scratch.SVA\n[preferences]\nxplook=pretty\n");
-    p.questions.expect(u"Error in Main: Type mismatch"_s);
-    p.start();
-    QVERIFY(!p.frame);
-}
-
-void tst_frmMain::everyCommandIsThere()
-{
-    setUpIconTheme();
-    Program p;
-    p.startFresh();
-    for (const CommandRow& row : commandTable()) {
-        QAction& action = p.action(row.name);
-        QVERIFY2(!action.text().isEmpty(), row.name);
-        if (*row.icon) // each icon exists in the theme
-            QVERIFY2(!QIcon::fromTheme(QString::fromLatin1(row.icon)).isNull(), row.icon);
+    for (const QByteArray& bytes : rows) {
+        writeFile(name, bytes);
+        p.files.answers = {name};
+        p.questions.expect(QString());
+        p.questions.expect(u"Error updating db to version 3.0"_s);
+        p.questions.expect(QString());
+        p.frame->OpenArchive();
+        QCOMPARE(bytesOf(name), bytes); // never written to
+        QCOMPARE(QDir(p.scratch.folder()).entryList({u"odd*"_s}), QStringList({u"odd.SVA"_s}));
     }
-    p.frame->ActiveBar21_Click(u"no such tool"_s);
-    p.frame->ActiveBar21_Click(u"miMemoNew"_s); // disabled on the welcome page: no window opens
-    QVERIFY(!p.action("miMemoNew").isEnabled());
-    QVERIFY(!QApplication::activeModalWidget());
-    QVERIFY(!p.action("miPasswordNew").isEnabled());
 }
 
 void tst_frmMain::viewCommands()
 {
     Program p;
     p.startFresh();
-    const auto toggles = [&](const char* command, QWidget& widget) {
-        QVERIFY(widget.isVisible() && p.action(command).isChecked());
+    const std::pair<const char*, QWidget*> toggles[] = {{"miViewTools", &p.bar("barOutlook")},
+                                                        {"miViewToolBar", &p.bar("barMemo")},
+                                                        {"miViewStatusBar", p.frame->statusBar()}};
+    for (const auto& [command, widget] : toggles)
+        for (const bool isShown : {true, false, true}) {
+            QVERIFY(widget->isVisible() == isShown && p.action(command).isChecked() == isShown);
+            p.action(command).trigger();
+        }
+    for (const auto& [command, widget] : toggles)
         p.action(command).trigger();
-        QVERIFY(!widget.isVisible() && !p.action(command).isChecked());
-        p.action(command).trigger();
-        QVERIFY(widget.isVisible() && p.action(command).isChecked());
-    };
-    toggles("miViewTools", p.bar("barOutlook"));
-    toggles("miViewToolBar", p.bar("barMemo"));
-    toggles("miViewStatusBar", *p.frame->statusBar());
     p.action("Memo").trigger();
     QVERIFY(p.action("Memo").isChecked()); // a view in front stays checked
     p.action("miViewToolBar").trigger();
@@ -258,6 +196,11 @@ void tst_frmMain::viewCommands()
     QVERIFY(!p.bar("barMemo").isVisible() && !p.action("miViewToolBar").isChecked());
     p.action("Memo").trigger();
     QVERIFY(p.bar("barMemo").isVisible() && p.action("miViewToolBar").isChecked());
+    p.action("miNoteNew").trigger(); // one of a view that is not there yet
+    QVERIFY(p.bar("barNote").isVisible() && p.action("Note").isChecked());
+    QCOMPARE(p.status(), u"Note -  items: 0"_s);
+    p.action("Memo").trigger();
+    QCOMPARE(p.status(), u"SnipVale"_s);
 }
 
 void tst_frmMain::openArchive()
@@ -271,7 +214,7 @@ void tst_frmMain::openArchive()
     p.files.answers = {std::nullopt, other};
     p.frame->OpenArchive(); // cancelled
     QCOMPARE(p.frame->windowTitle(), u" SnipVale 3.1.12 - [scratch.SVA]"_s);
-    p.questions.expect(updated);
+    p.questions.expect(u"Ver 3.0 - archive update completed successfully!"_s);
     p.frame->OpenArchive();
     QCOMPARE(p.files.asked.last(), u"Open Archive|SnipVale Archive (*.SVA) |*.SVA"_s);
     QCOMPARE(p.frame->windowTitle(), u"SnipVale 3.1.12  ["_s + other + u']');
@@ -286,31 +229,46 @@ void tst_frmMain::passwordsStayWithTheirArchive()
     p.startFresh();
     whenModal([&](QWidget& window) {
         QVERIFY(p.action("Memo").isChecked() && !p.action("Password").isChecked()); // not in front yet
-        for (QLineEdit* box : window.findChildren<QLineEdit*>())
-            box->setText(u"master word"_s);
-        window.findChild<QPushButton*>(u"cmdOK"_s)->click();
+        enterMasterWord(window);
     });
     p.questions.expect(u"Master Password saved!"_s);
     p.action("Password").trigger();
     QVERIFY(p.bar("barPassword").isVisible() && !p.bar("barMemo").isVisible());
     p.action("miPasswordHideShow").trigger();
-    {
-        ArchiveUnit unit(p.program->archive);
-        unit.Execute(u"INSERT INTO tab_password (title) VALUES ('t')"_s);
-    }
+    ArchiveUnit(p.program->archive).Execute(u"INSERT INTO tab_password (title) VALUES ('t')"_s);
     p.action("Memo").trigger(); // the summary counts anew, and its status takes the list's place
-    QCOMPARE(p.frame->findChild<QLabel*>(u"lblSummaryPassword"_s)->text().trimmed(), u"Passwords:  1"_s);
+    QCOMPARE(p.get<QLabel>("lblSummaryPassword").text().trimmed(), u"Passwords:  1"_s);
     QCOMPARE(p.status(), u"SnipVale"_s);
+    QVERIFY(!p.action("miPasswordHideShow").isChecked() && p.action("miPasswordLock").isEnabled());
     p.action("Password").trigger();
-    const QString other = p.scratch.path(u"other.SVA"_s);
-    QVERIFY(QFile::copy(p.scratch.path(u"scratch.SVA"_s), other));
-    p.files.answers = {other};
+    p.files.answers = {p.copyOfArchive(u"other.SVA"_s)};
     p.frame->OpenArchive();
     for (const char* command : {"miPasswordNew", "miPasswordHideShow", "miPasswordLock"})
         QVERIFY2(!p.action(command).isEnabled() && !p.action(command).isChecked(), command);
     whenModal([](QWidget& window) { window.close(); }); // it is asked for again
     p.action("Password").trigger();
     QVERIFY(p.bar("barMemo").isVisible() && p.action("Memo").isChecked() && !p.action("Password").isChecked());
+}
+
+// From the explorer, before there is a list: the vault is unlocked then, and can be locked.
+void tst_frmMain::changedMasterPassword()
+{
+    Program p;
+    p.startFresh();
+    whenModal(enterMasterWord);
+    p.questions.expect(u"Master Password saved!"_s);
+    p.run("Password");
+    p.run("miPasswordLock");
+    QVERIFY(p.action("Memo").isChecked() && !p.action("miPasswordLock").isEnabled());
+    p.start();
+    whenModal(enterMasterWord);
+    p.questions.expect(QString(), Answer::Yes);
+    p.questions.expect(u"Change Password completed!"_s);
+    p.run("miPasswordChange");
+    QVERIFY(p.action("Memo").isChecked() && p.action("miPasswordLock").isEnabled());
+    p.run("miPasswordLock");
+    QVERIFY(!p.action("miPasswordLock").isEnabled());
+    QCOMPARE(p.status(), u"Passwords locked"_s);
 }
 
 void tst_frmMain::saveCopy()
@@ -329,15 +287,14 @@ void tst_frmMain::saveCopy()
         p.frame->SaveArchiveAs();
     }
     QCOMPARE(bytesOf(archive), before);
-    const QString copy = p.scratch.path(u"copy.SVA"_s);
-    p.files.answers = {copy, p.scratch.path(u"no/folder/x.SVA"_s)};
+    p.files.answers = {p.scratch.path(u"copy.SVA"_s), p.scratch.path(u"no/folder/x.SVA"_s)};
     p.frame->SaveArchiveAs();
     QCOMPARE(p.files.asked.last(), u"Save SnipVale Archive...|SnipVale Archive (*.SVA) |*.SVA"_s);
-    Archive check(p.questions, p.clock);
-    check.setPath(copy);
-    QCOMPARE(ArchiveUnit(check).Open(u"SELECT COUNT(memoTypeID) AS n FROM tab_memoType"_s).integer(0) >= 50, true);
+    Archive copy(p.questions, p.clock);
+    copy.setPath(p.scratch.path(u"copy.SVA"_s));
+    QVERIFY(ArchiveUnit(copy).Open(u"SELECT COUNT(memoTypeID) AS n FROM tab_memoType"_s).integer(0) >= 50);
     p.questions.expect(QString());
-    p.frame->ActiveBar21_Click(u"miFileSaveAs"_s);
+    p.run("miFileSaveAs");
     QVERIFY(p.questions.asked.last().text.startsWith("Error in SaveArchiveAs: "_L1));
 }
 
@@ -345,23 +302,19 @@ void tst_frmMain::compact()
 {
     Program p;
     p.startFresh();
-    {
-        ArchiveUnit unit(p.program->archive);
-        unit.Execute(u"DELETE * FROM tab_style"_s);
-    }
+    ArchiveUnit(p.program->archive).Execute(u"DELETE * FROM tab_style"_s);
     const QString archive = p.scratch.path();
     const qint64 before = QFileInfo(archive).size();
     const QString question = u"The following procedure will compact and repair the current archive!\r\n"
                              "You might do a backup copy of you archive  before starting.\r\nCurrent archive: "_s +
         archive + u"\r\nConfirm procedure?"_s;
     p.questions.expect(question, Answer::No);
-    p.frame->ActiveBar21_Click(u"miFileCompactDB"_s);
+    p.run("miFileCompactDB");
     QCOMPARE(QFileInfo(archive).size(), before);
     QCOMPARE(p.questions.asked.last().title, u"Compact and repair archive"_s);
-    QCOMPARE(p.questions.asked.last().style, MessageStyle::YesNo);
     p.questions.expect(question, Answer::Yes);
     p.questions.expect(QString());
-    p.frame->ActiveBar21_Click(u"miFileCompactDB"_s);
+    p.run("miFileCompactDB");
     const qint64 now = QFileInfo(archive).size();
     QVERIFY(now < before);
     QCOMPARE(
@@ -381,19 +334,10 @@ void tst_frmMain::compactThatFails()
     const QByteArray before = bytesOf(own);
     p.questions.expect(QString(), Answer::Yes);
     p.questions.expect(QString());
-    p.frame->ActiveBar21_Click(u"miFileCompactDB"_s);
+    p.run("miFileCompactDB");
     QVERIFY(p.questions.asked.last().text.startsWith("Error in CompactArchive: "_L1));
     QCOMPARE(bytesOf(own), before);
     QCOMPARE(p.status(), u"SnipVale"_s);
-
-    jet::Connection other; // another program is at work on it
-    other.Open(p.program->archive.ConnectionString());
-    const jet::Connection::Transaction work(other);
-    other.Execute(u"INSERT INTO tab_note (content) VALUES ('x')"_s);
-    p.questions.expect(QString(), Answer::Yes);
-    p.questions.expect(QString());
-    p.frame->ActiveBar21_Click(u"miFileCompactDB"_s);
-    QVERIFY(p.questions.asked.last().text.startsWith("Error in CompactArchive: "_L1));
 }
 
 void tst_frmMain::damagedArchiveIsRepaired()
@@ -402,15 +346,8 @@ void tst_frmMain::damagedArchiveIsRepaired()
     p.startFresh();
     const QString archive = p.scratch.path();
     const qint64 shipped = QFileInfo(archive).size();
-    {
-        ArchiveUnit unit(p.program->archive);
-        jet::Connection::Transaction transaction(unit.connection());
-        for (int i = 0; i < 300; ++i)
-            unit.Execute(
-                u"INSERT INTO tab_memo (categoryID, memoTypeID, memoName, snipVale) VALUES (1, 3, 'm', '%1')"_s.arg(
-                    QString(3000, u'x')));
-        transaction.commit();
-    }
+    p.addMemos(300, 3000);
+    p.run("Memo");
     QFile file(archive);
     QVERIFY(file.open(QIODevice::ReadWrite));
     QVERIFY(file.seek((shipped / 4096 + 100) * 4096)); // three pages among the memos
@@ -425,6 +362,7 @@ void tst_frmMain::damagedArchiveIsRepaired()
     QCOMPARE(bytesOf(archive + u".damaged"_s), damaged); // kept as it was
     const QString kept = ArchiveUnit(p.program->archive).Open(u"SELECT COUNT(memoID) AS n FROM tab_memo"_s).text(0);
     QVERIFY2(kept.toInt() >= 290 && kept.toInt() < 300, qPrintable(kept));
+    QVERIFY(p.get<QLabel>("lblSummaryMemo").text().contains(kept + u" in"_s)); // the views read again
 }
 
 // A desktop without a notification area: the close box minimises, so that the frame can be found again.
@@ -436,8 +374,8 @@ void tst_frmMain::closeBoxAndExit()
     QVERIFY(p.frame->isVisible() && p.frame->isMinimized());
     p.previous.onBringToFront();
     QVERIFY(p.frame->isVisible() && !p.frame->isMinimized());
-    p.questions.expect(bye);
-    p.frame->ActiveBar21_Click(u"miFileExit"_s);
+    p.questions.expect(u"Bye from SnipVale"_s);
+    p.run("miFileExit");
     QCOMPARE(p.questions.asked.last().style, MessageStyle::Plain);
     QVERIFY(!p.frame->isVisible());
 }
@@ -454,9 +392,9 @@ void tst_frmMain::reminders()
         unit.Execute(u"INSERT INTO tab_todo (categoryID, name, alarmOn, alarmDate) VALUES (%1, 'Call', 1, "
                      "'2026-3-4 9:4:59')"_s.arg(category));
     }
-    p.tree().setCurrentIndex(p.tree().model()->index(2, 0, p.tree().model()->index(0, 0)));
+    p.choose("ToDo");
     const auto hasAlarmIcon = [&] {
-        const auto* list = p.frame->findChild<QTreeView*>(u"lvwToDo"_s)->model();
+        const auto* list = p.get<QTreeView>("lvwToDo").model();
         return list->rowCount() == 1 && !list->index(0, 1).data(Qt::DecorationRole).isNull();
     };
     QVERIFY(hasAlarmIcon());
@@ -467,14 +405,13 @@ void tst_frmMain::reminders()
         });
         return found == all.end() ? nullptr : *found;
     };
-    const auto tick = [&] { QMetaObject::invokeMethod(p.frame->findChild<QTimer*>(u"TimerTask"_s), "timeout"); };
-    tick();
+    p.tick();
     QTRY_VERIFY(popup());
     p.files.answers = {p.scratch.path()};
     p.frame->OpenArchive();
     QVERIFY(!popup());
-    p.tree().setCurrentIndex(p.tree().model()->index(2, 0, p.tree().model()->index(0, 0)));
-    tick();
+    p.choose("ToDo");
+    p.tick();
     QTRY_VERIFY(popup());
     popup()->findChild<QAbstractButton*>(u"cmdOK"_s)->click();
     QVERIFY(!popup() && !hasAlarmIcon());

@@ -75,11 +75,12 @@ frmOptionsLanguage::frmOptionsLanguage(Archive& archive, const Desktop& desktop,
     connect(list, &ListView::selectionMade, this, &frmOptionsLanguage::updateCommands);
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmOptionsLanguage::cmdOK_Click);
     connect(m_ui->cmdClose, &QPushButton::clicked, this, &frmOptionsLanguage::reject);
+    m_frame.handleCommand(openCommand, u"OpenDetails"_s, [this] { OpenDetails(); });
 }
 
 frmOptionsLanguage::~frmOptionsLanguage()
 {
-    m_frame.enableCommand(openCommand, false);
+    m_frame.handleCommand(openCommand, {}, {});
 }
 
 bool frmOptionsLanguage::Form_Load(qint32 memoTypeID, const QString& name)
