@@ -58,6 +58,18 @@ QByteArray exportLines(Archive& archive, modPassword& vault, const QString& ids)
     return lines;
 }
 
+// Past the toolkit's buffer, which nobody could wipe.
+bool writeAll(int file, QByteArrayView bytes)
+{
+    while (!bytes.isEmpty()) {
+        const ssize_t written = ::write(file, bytes.data(), size_t(bytes.size()));
+        if (written <= 0)
+            return false;
+        bytes = bytes.sliced(written);
+    }
+    return true;
+}
+
 // Beside the file first, then in its place: so it is whole, and no other user could ever open it.
 void writeForOwnerOnly(const QString& path, const QByteArray& bytes)
 {
@@ -66,7 +78,7 @@ void writeForOwnerOnly(const QString& path, const QByteArray& bytes)
     if (there.exists() && !there.isFile()) // a folder or a device
         throw std::runtime_error("This is not a file.");
     QTemporaryFile file(target + u".XXXXXX"_s); // made for its owner only, and removed when this fails
-    if (!file.open() || file.write(bytes) != bytes.size() || !file.flush() || fsync(file.handle()) != 0)
+    if (!file.open() || !writeAll(file.handle(), bytes) || ::fsync(file.handle()) != 0)
         throw std::runtime_error("The file could not be written.");
     const QString name = file.fileName();
     file.close();

@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/Registry.h"
+#include "vault/MemoryScan.h"
 #include "vault/VaultFixture.h"
 
 #include "desktop/SecretMemory.h"
+#include "vault/PasswordRows.h"
 #include "vault/modPassword.h"
 
 #include <QProcess>
@@ -56,6 +58,7 @@ private slots:
     void hexadecimal();
     void session();
     void secretsStayHere();
+    void secretsAreWiped();
     void strangeStoredTexts();
     void changeReenciphersAll();
     void changeIsAllOrNothing();
@@ -147,6 +150,42 @@ void tst_modPassword::secretsStayHere()
     QString two = one;
     wipe(one); // not this one's alone
     QVERIFY(one.isEmpty() && two == u"shared"_s);
+}
+
+void tst_modPassword::secretsAreWiped()
+{
+    Vault f;
+    const auto use = [&](auto routine) {
+        QString secret = memoryscan::secret();
+        routine(secret);
+        wipe(secret);
+    };
+    use([](const QString&) { QVERIFY(memoryscan::isInMemory()); }); // it would be found
+    QVERIFY(!memoryscan::isInMemory());
+    use([&](const QString& secret) { QCOMPARE(f.vault.ChangeMasterPassword(secret), modPassword::Choice::Saved); });
+    f.vault.lock();
+    QVERIFY2(!memoryscan::isInMemory(), "changing the master password");
+    use([&](const QString& secret) { QVERIFY(f.unlock(secret)); });
+    f.vault.lock();
+    QVERIFY2(!memoryscan::isInMemory(), "unlocking");
+    use([&](const QString& secret) { QVERIFY(f.unlock(secret) && f.changeError(u"other word"_s).isEmpty()); });
+    QVERIFY2(!memoryscan::isInMemory(), "the master password before");
+    use([&](const QString& secret) { f.add(u"t"_s, secret, secret); });
+    QVERIFY2(!memoryscan::isInMemory(), "writing an account");
+    f.password.PasswordID = 1;
+    QVERIFY(f.password.Load() && f.password.Update());
+    QVERIFY(memoryscan::isInMemory());
+    f.password.clear();
+    QVERIFY2(!memoryscan::isInMemory(), "editing an account");
+    std::vector<PasswordRow> rows = readPasswordRows(f.archive, f.vault, 0);
+    wipePasswordRows(rows);
+    QVERIFY2(!memoryscan::isInMemory(), "listing the accounts");
+    exportPasswords(f.archive, f.vault, u"1"_s, f.scratch.path(u"out"_s));
+    QVERIFY2(!memoryscan::isInMemory(), "exporting");
+    QVERIFY(readChangeRisks(f.vault).isEmpty());
+    QVERIFY2(!memoryscan::isInMemory(), "looking for risks");
+    QVERIFY(f.changeError(u"third word"_s).isEmpty());
+    QVERIFY2(!memoryscan::isInMemory(), "enciphering all anew");
 }
 
 void tst_modPassword::strangeStoredTexts()

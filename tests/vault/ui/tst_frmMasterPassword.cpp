@@ -1,10 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/Registry.h"
+#include "vault/MemoryScan.h"
 #include "vault/ui/VaultWindows.h"
 
+#include "desktop/SecretMemory.h"
 #include "vault/ui/VaultView.h"
 #include "vault/ui/frmPasswordChange.h"
+#include "vault/ui/frmPasswordS.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -71,6 +74,7 @@ private slots:
     void changeAsksBeforeDamage();
     void unreadableOldPassword();
     void resetting();
+    void nothingStaysInMemory();
 };
 
 void tst_frmMasterPassword::unlocking()
@@ -277,6 +281,51 @@ void tst_frmMasterPassword::resetting()
         w.enter(window, {master, master}, u"Master Password saved!"_s, MessageStyle::Information);
     }));
     QCOMPARE(w.vault.DecryptEntry(stored), u"secret"_s); // remembered after all
+}
+
+void tst_frmMasterPassword::nothingStaysInMemory()
+{
+    Windows w;
+    const auto type = [&](QWidget& window, const char* box) {
+        QString secret = memoryscan::secret();
+        part<QLineEdit>(window, box).setText(secretCopy(secret));
+        wipe(secret);
+    };
+    QVERIFY(w.change([&](QWidget& window) {
+        part<QLineEdit>(window, "txtPasswordOld").setText(master);
+        type(window, "txtPassword1");
+        type(window, "txtPassword2");
+        w.questions.expect(u"Master Password saved!"_s);
+        w.enter(window, {}, u"Change Password completed!"_s, MessageStyle::Information);
+    }));
+    w.vault.lock();
+    QVERIFY2(!memoryscan::isInMemory(), "changing the master password");
+    QVERIFY(!w.change([&](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); }));
+    QVERIFY2(!memoryscan::isInMemory(), "giving up its change");
+    QVERIFY(w.open([&](QWidget& window) {
+        type(window, "txtPassword1");
+        w.enter(window, {}, {}, {});
+    }));
+    w.vault.lock();
+    QVERIFY2(!memoryscan::isInMemory(), "unlocking");
+    QVERIFY(w.change([&](QWidget& window) {
+        type(window, "txtPasswordOld");
+        part<QLineEdit>(window, "txtPassword1").setText(master);
+        part<QLineEdit>(window, "txtPassword2").setText(master);
+        w.questions.expect(u"Master Password saved!"_s);
+        w.enter(window, {}, u"Change Password completed!"_s, MessageStyle::Information);
+    }));
+    QString secret = memoryscan::secret();
+    w.add(u"t"_s, u"u"_s, secret);
+    wipe(secret);
+    frmPasswordS list({w.archive, w.vaultDesktop, w.vaultFrame, w.filter, w.password, w.vault});
+    list.show();
+    list.setInFront(true);
+    part<QTreeView>(list, "lvwPassword").selectAll();
+    whenModal([](QWidget& editor) { editor.close(); });
+    list.ModifyPassword();
+    list.Lock();
+    QVERIFY2(!memoryscan::isInMemory(), "the list and the editor");
 }
 
 SNIPVALE_TEST(tst_frmMasterPassword)
