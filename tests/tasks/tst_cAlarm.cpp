@@ -56,7 +56,6 @@ QDateTime day(int year, int month, int day, int hour, int minute, int second = 0
 class tst_cAlarm : public QObject {
     Q_OBJECT
 private slots:
-    void aWeek();
     void whatIsDue();
     void answersAndNone();
     void manyAtOnce();
@@ -66,63 +65,26 @@ private slots:
     void sounds();
 };
 
-// A reminder every 197 minutes through a week; a check now and then, with holes in between.
-void tst_cAlarm::aWeek()
-{
-    struct Week {
-        int tick, hole; // s; the machine sleeps at each midnight
-    };
-    for (const auto& [tick, hole] : {Week{900, 0}, Week{1800, 8 * 3600}, Week{3 * 86400, 0}}) {
-        Checked f;
-        const QDateTime start = day(2026, 3, 25, 0, 0); // summer time begins within it in most of Europe
-        const QDateTime end = start.addDays(7);
-        QMap<qint32, QDateTime> due, shown;
-        for (QDateTime at = start; at < end; at = at.addSecs(197 * 60))
-            due.insert(f.add(at), at);
-        QDateTime& now = f.clock.moment;
-        for (now = start; now <= end.addSecs(tick); now = now.addSecs(tick)) {
-            if (now.time() == QTime(0, 0))
-                now = now.addSecs(hole);
-            f.check();
-            for (const qint32 id : std::exchange(f.forms.opened, {})) {
-                QVERIFY2(!shown.contains(id), "a reminder that was stopped came again");
-                shown.insert(id, now);
-                UpdateAlarm(f.archive, id, std::nullopt);
-            }
-        }
-        QCOMPARE(shown.keys(), due.keys());
-        for (auto at = due.cbegin(); at != due.cend(); ++at) {
-            const qint64 late = at.value().secsTo(shown.value(at.key()));
-            QVERIFY2(late > 0 && late <= tick + hole, qPrintable(at.value().toString() + QString::number(late)));
-        }
-        QCOMPARE(f.alerts, due.size());
-    }
-}
-
 void tst_cAlarm::whatIsDue()
 {
     Checked f; // it is 4 March 2026, 09:05:00
     const qint32 lastSecond = f.add(day(2026, 3, 4, 9, 4, 59));
-    const qint32 lastYear = f.add(day(2025, 3, 4, 9, 5));
     const qint32 longAgo = f.add(day(100, 1, 1, 0, 0));
     const qint32 off = f.add(day(2026, 3, 4, 9, 4), false);
     const qint32 none = f.add(QDateTime());
     const qint32 thisSecond = f.add(f.clock.now());
     const qint32 later = f.add(day(2026, 12, 4, 9, 5));
-    const qint32 never = f.add(day(9999, 12, 31, 23, 59, 59));
+    f.add(day(9999, 12, 31, 23, 59, 59)); // never
     f.check();
-    QCOMPARE(f.forms.seen, (QList<qint32>{lastSecond, lastYear, longAgo}));
+    QCOMPARE(f.forms.seen, (QList<qint32>{lastSecond, longAgo}));
     f.clock.moment = f.clock.moment.addSecs(1);
     f.check();
-    QCOMPARE(f.forms.seen.last(), thisSecond);
-    QCOMPARE(f.forms.seen.size(), 4);
+    QCOMPARE(f.forms.seen.mid(2), QList<qint32>{thisSecond});
     f.clock.moment = day(9999, 12, 31, 23, 59, 59);
     f.check();
-    QCOMPARE(f.forms.seen.mid(4), QList<qint32>{later});
-    QVERIFY(!readAlarm(f.archive, none)->moment.isValid());
-    QVERIFY(!readAlarm(f.archive, off)->isDue);
-    QVERIFY(!readAlarm(f.archive, later + 100).has_value());
-    QCOMPARE(readAlarm(f.archive, never)->moment.date, QDate(9999, 12, 31));
+    QCOMPARE(f.forms.seen.mid(3), QList<qint32>{later});
+    QVERIFY(!readAlarm(f.archive, none)->moment.isValid() && !readAlarm(f.archive, off)->isDue);
+    QVERIFY(!readAlarm(f.archive, 4711).has_value());
 }
 
 void tst_cAlarm::answersAndNone()
@@ -191,14 +153,10 @@ void tst_cAlarm::thoseThatWaitAreStillDue()
     f.forms.opened.clear();
     QVERIFY(f.queue.openNext());
     QCOMPARE(f.forms.seen, (QList<qint32>{1, 5}));
-    f.forms.opened.clear();
-    QVERIFY(!f.queue.openNext());
     f.clock.moment = f.clock.moment.addSecs(2);
-    f.check(); // the answered one is not due any more, the moved one is
-    f.forms.opened.clear();
-    f.check();
-    QVERIFY(f.forms.seen.contains(4));
-    QVERIFY(!f.forms.seen.contains(2) && !f.forms.seen.contains(3));
+    f.forms.room = 8;
+    f.check(); // the moved one is due by now
+    QVERIFY(f.forms.seen.contains(4) && !f.forms.seen.contains(2) && !f.forms.seen.contains(3));
 }
 
 // Moments are those of the clock on the wall, wherever it hangs.
@@ -240,24 +198,20 @@ void tst_cAlarm::failuresAreToldOnce()
         f.check();
         f.check();
         QVERIFY(f.questions.asked.last().text.startsWith("Error in Alarm: "_L1));
-        QCOMPARE(f.questions.asked.last().style, MessageStyle::Critical);
         f.archive.setPath(path);
         f.check();
         QCOMPARE(f.forms.opened, QList<qint32>{id});
     }
-    // Lost between the check and the pop-up: told once, and the reminder comes with the next check.
     f.forms.opened.clear();
-    cAlarm(f.archive, f.queue).Alarm();
-    f.archive.setPath(path + u".gone"_s);
     f.questions.expect(QString());
-    while (f.queue.openNext()) { }
-    QVERIFY(f.questions.asked.last().text.startsWith("Error in ShowAlert: "_L1));
-    f.archive.setPath(path);
-    cAlarm(f.archive, f.queue).Alarm();
-    f.archive.setPath(path + u".gone"_s);
-    while (f.queue.openNext()) { }
-    f.archive.setPath(path);
-    f.check();
+    for (int round = 0; round < 2; ++round) { // lost between the check and the pop-up
+        cAlarm(f.archive, f.queue).Alarm();
+        f.archive.setPath(path + u".gone"_s);
+        while (f.queue.openNext()) { }
+        QVERIFY(f.questions.asked.last().text.startsWith("Error in ShowAlert: "_L1));
+        f.archive.setPath(path);
+    }
+    f.check(); // the reminder comes with the next check
     QCOMPARE(f.forms.opened, QList<qint32>{id});
 }
 
@@ -265,18 +219,12 @@ void tst_cAlarm::sounds()
 {
     const QTemporaryDir folder;
     FakeSound sound;
-    soundAlert(sound, folder.path());
-    QVERIFY(sound.heard.isEmpty()); // a device, no file: silent
-    sound.devices = 0;
-    soundAlert(sound, folder.path());
+    soundAlert(sound, folder.path()); // a device, no file: silent
     QVERIFY(QFile::copy(QStringLiteral(SHIPPED_DIR "/alert.wav"), folder.filePath(u"alert.wav"_s)));
     soundAlert(sound, folder.path());
-    sound.devices = 2;
+    sound.devices = 0;
     soundAlert(sound, folder.path());
-    QCOMPARE(sound.heard, (QStringList{u"beep"_s, u"beep"_s, folder.filePath(u"alert.wav"_s)}));
-    QFile wave(folder.filePath(u"alert.wav"_s));
-    QVERIFY(wave.open(QIODevice::ReadOnly) && wave.size() < 100000);
-    QVERIFY(wave.read(12).startsWith("RIFF"));
+    QCOMPARE(sound.heard, (QStringList{folder.filePath(u"alert.wav"_s), u"beep"_s}));
 }
 
 SNIPVALE_TEST(tst_cAlarm)

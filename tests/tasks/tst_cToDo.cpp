@@ -14,7 +14,6 @@ class tst_cToDo : public QObject {
     Q_OBJECT
 private slots:
     void absentDatesAreNull();
-    void skippedHours();
     void priorityStaysWithinItsEnds();
     void doneChangesNothingElse();
     void codesHaveTheirTexts();
@@ -39,21 +38,6 @@ void tst_cToDo::absentDatesAreNull()
     QCOMPARE(f.column(u"alarmDate"_s, 1), u"2024-02-29 09:05:00"_s);
     QVERIFY(todo.Update());
     QCOMPARE(nullDates(), u"1"_s);
-}
-
-// A moment that a zone's clocks never show must not turn into none.
-void tst_cToDo::skippedHours()
-{
-    const ZoneGuard guard;
-    ZoneGuard::set("America/Sao_Paulo");
-    AlarmFixture f;
-    cToDo todo(f.archive);
-    todo.CategoryID = f.category;
-    todo.DueDate = QDate(2018, 11, 4); // began at one o'clock there
-    todo.AlarmDate = {QDate(2018, 11, 4), QTime(0, 30)};
-    QVERIFY(todo.Save() && todo.Load() && todo.Update());
-    QCOMPARE(f.column(u"dueDate"_s, 1), u"2018-11-04 00:00:00"_s);
-    QCOMPARE(f.column(u"alarmDate"_s, 1), u"2018-11-04 00:30:00"_s);
 }
 
 void tst_cToDo::priorityStaysWithinItsEnds()
