@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/Registry.h"
 #include "ui/richtext/RichTextBar.h"
-#include "ui/richtext/RtfSamples.h"
+#include "ui/richtext/ShownBox.h"
 
 #include <QComboBox>
 #include <QFontDatabase>
@@ -13,19 +13,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList allKeys{u"New"_s,        u"Open"_s,   u"Save"_s,        u"Print"_s, u"|"_s,      u"Cut"_s,
-                          u"Copy"_s,       u"Paste"_s,  u"|"_s,           u"Bold"_s,  u"Italic"_s, u"Underline"_s,
-                          u"Align Left"_s, u"Center"_s, u"Align Right"_s, u"Color"_s, u"Number"_s, u"Bullets"_s,
-                          u"Outdent"_s,    u"Indent"_s, u"Nonsense"_s};
+const QStringList allKeys =
+    u"New,Open,Save,Print,|,Cut,Copy,Paste,|,Bold,Italic,Underline,Align Left,Center,Align Right,Color,Number,Bullets,"
+    "Outdent,Indent,Nonsense"_s.split(u',');
 
-struct Window {
-    explicit Window(const QString& stored = {})
-        : bar(box, {u"tbX"_s, u"cmbName"_s, u"cmbSize"_s, allKeys, {u"New"_s}}), edits(&box, &RichTextBox::edited)
+struct Window : Shown {
+    explicit Window(const QString& stored = {}) : Shown(stored)
     {
         window.setCentralWidget(&box);
         window.addToolBar(&bar);
         window.resize(900, 300);
-        box.setRtf(stored);
         window.show();
         QVERIFY(QTest::qWaitForWindowActive(&window));
         box.setFocus();
@@ -35,13 +32,6 @@ struct Window {
         window.takeCentralWidget()->setParent(nullptr);
         window.removeToolBar(&bar);
         bar.setParent(nullptr);
-    }
-    void select(int from, int to)
-    {
-        QTextCursor cursor = box.textCursor();
-        cursor.setPosition(from);
-        cursor.setPosition(to, QTextCursor::KeepAnchor);
-        box.setTextCursor(cursor);
     }
     QString pressed() const
     {
@@ -61,9 +51,7 @@ struct Window {
     }
 
     QMainWindow window;
-    RichTextBox box;
-    RichTextBar bar;
-    QSignalSpy edits;
+    RichTextBar bar{box, {u"tbX"_s, u"cmbName"_s, u"cmbSize"_s, allKeys, {u"New"_s}}};
 };
 
 } // namespace
@@ -77,38 +65,28 @@ private slots:
     void ownersButtons();
     void color();
     void combos();
-    void namesAndTips();
     void keyboard();
-    void narrow();
 };
 
 void tst_RichTextBar::followsSelection()
 {
     Window w(u"{\\rtf1{\\fonttbl{\\f0 DejaVu Sans;}{\\f1 Nowhere Font;}}\\f0\\fs20 a\\b b\\i c\\ul d\\par"
              "\\pard\\plain\\f1\\fs21\\qc e\\par\\pard\\qr\\fs200{\\*\\pn\\pnlvlblt}f\\par}"_s);
-    struct Step {
-        int from, to;
-        QString pressed, family, size;
-    };
-    const Step steps[] = {
-        {0, 1, u"Align Left"_s, u"DejaVu Sans"_s, u"10"_s},
-        {1, 2, u"Bold, Align Left"_s, u"DejaVu Sans"_s, u"10"_s},
-        {2, 3, u"Bold, Italic, Align Left"_s, u"DejaVu Sans"_s, u"10"_s},
-        {3, 4, u"Bold, Italic, Underline, Align Left"_s, u"DejaVu Sans"_s, u"10"_s},
-        {1, 4, u"Bold, Align Left"_s, u"DejaVu Sans"_s, u"10"_s}, // what all of it has
-        {0, 4, u"Align Left"_s, u"DejaVu Sans"_s, u"10"_s},
-        {2, 2, u"Bold, Align Left"_s, u"DejaVu Sans"_s, u"10"_s}, // a caret: what would be typed
-        {5, 6, u"Center"_s, u"?Nowhere Font"_s, u"10"_s}, // whole points; a font that is not here
-        {3, 6, u""_s, u"?"_s, u"?"_s},
-        {7, 8, u"Align Right, Bullets"_s, u"?Nowhere Font"_s, u"?100"_s},
+    const std::tuple<int, int, QString> steps[] = {
+        {0, 1, u"Align Left;DejaVu Sans;10"_s},
+        {3, 4, u"Bold, Italic, Underline, Align Left;DejaVu Sans;10"_s},
+        {1, 4, u"Bold, Align Left;DejaVu Sans;10"_s}, // what all of it has
+        {0, 4, u"Align Left;DejaVu Sans;10"_s},
+        {2, 2, u"Bold, Align Left;DejaVu Sans;10"_s}, // a caret: what would be typed
+        {5, 6, u"Center;?Nowhere Font;10"_s}, // whole points; a font that is not here
+        {3, 6, u";?;?"_s},
+        {7, 8, u"Align Right, Bullets;?Nowhere Font;?100"_s},
     };
     if (!QFontDatabase::families().contains(u"DejaVu Sans"_s))
         QSKIP("needs the DejaVu fonts");
-    for (const Step& step : steps) {
-        w.select(step.from, step.to);
-        QCOMPARE(w.pressed(), step.pressed);
-        QCOMPARE(w.shown(u"cmbName"_s), step.family);
-        QCOMPARE(w.shown(u"cmbSize"_s), step.size);
+    for (const auto& [from, to, look] : steps) {
+        w.select(from, to);
+        QCOMPARE(QStringList({w.pressed(), w.shown(u"cmbName"_s), w.shown(u"cmbSize"_s)}).join(u';'), look);
     }
     QCOMPARE(w.edits.count(), 0); // looking changes nothing
 }
@@ -117,28 +95,24 @@ void tst_RichTextBar::buttons()
 {
     Window w(u"abc\ndef"_s);
     w.select(0, 2);
-    for (const QString& key : {u"Bold"_s, u"Italic"_s, u"Underline"_s}) {
+    for (const QString& key : {u"Bold"_s, u"Italic"_s, u"Underline"_s})
         w.click(key);
-        QVERIFY(w.bar.command(key)->isChecked());
-    }
-    QVERIFY2(describe(*w.box.document()).contains(u" bold italic underline -/-|ab}"_s),
-             qPrintable(describe(*w.box.document())));
+    QVERIFY2(w.looks().contains(u" bold italic underline -/-|ab}"_s), qPrintable(w.looks()));
     w.select(0, 3); // mixed: the next click makes all of it bold
-    QVERIFY(!w.bar.command(u"Bold"_s)->isChecked());
     w.click(u"Bold"_s);
     QVERIFY(w.bar.command(u"Bold"_s)->isChecked());
     w.click(u"Bold"_s);
-    QVERIFY(!w.bar.command(u"Bold"_s)->isChecked());
-    QVERIFY(!describe(*w.box.document()).contains(u" bold"_s));
-
-    w.click(u"Center"_s);
-    w.click(u"Center"_s); // pressed again it stays
-    QCOMPARE(w.pressed(), u"Center"_s);
-    w.click(u"Align Right"_s);
-    QCOMPARE(w.pressed(), u"Align Right"_s);
-    w.click(u"Align Left"_s);
-    w.click(u"Bullets"_s);
-    QCOMPARE(w.pressed(), u"Align Left, Bullets"_s);
+    QVERIFY(!w.bar.command(u"Bold"_s)->isChecked() && !w.looks().contains(u" bold"_s));
+    // Pressed again an alignment stays.
+    const std::pair<QString, QString> steps[] = {{u"Center"_s, u"Center"_s},
+                                                 {u"Center"_s, u"Center"_s},
+                                                 {u"Align Right"_s, u"Align Right"_s},
+                                                 {u"Align Left"_s, u"Align Left"_s},
+                                                 {u"Bullets"_s, u"Align Left, Bullets"_s}};
+    for (const auto& [key, pressed] : steps) {
+        w.click(key);
+        QCOMPARE(w.pressed(), pressed);
+    }
     w.click(u"Indent"_s);
     QCOMPARE(listLevel(w.box.document()->begin()), 1);
     w.click(u"Outdent"_s);
@@ -152,8 +126,6 @@ void tst_RichTextBar::buttons()
     QVERIFY(!w.bar.command(u"Cut"_s)->isEnabled() && !w.bar.command(u"Copy"_s)->isEnabled());
     w.click(u"Paste"_s);
     QCOMPARE(w.box.toPlainText(), u"bca\ndef"_s);
-    w.box.undo();
-    QCOMPARE(w.box.toPlainText(), u"bc\ndef"_s);
 }
 
 void tst_RichTextBar::refusedEdit()
@@ -179,8 +151,8 @@ void tst_RichTextBar::ownersButtons()
     QCOMPARE(open.count(), 1);
     QCOMPARE(print.count(), 1);
     QCOMPARE(w.edits.count(), 0);
-    QVERIFY(!w.bar.command(u"New"_s)->isVisible() && w.bar.command(u"Save"_s)->isVisible());
-    QVERIFY(!w.bar.command(u"Nonsense"_s));
+    QVERIFY(!w.bar.command(u"New"_s)->isVisible() && !w.bar.command(u"Nonsense"_s));
+    QCOMPARE(w.bar.command(u"Bold"_s)->toolTip(), u"Bold (Ctrl+B)"_s);
 }
 
 void tst_RichTextBar::color()
@@ -201,7 +173,7 @@ void tst_RichTextBar::color()
     w.click(u"Color"_s);
     QCOMPARE(initial,
              (QList<QColor>{w.box.palette().color(QPalette::Text), w.box.palette().color(QPalette::Text), *answer}));
-    QVERIFY(describe(*w.box.document()).contains(u" #0a141e/-|ab}"_s));
+    QVERIFY(w.looks().contains(u" #0a141e/-|ab}"_s));
 }
 
 void tst_RichTextBar::combos()
@@ -209,14 +181,11 @@ void tst_RichTextBar::combos()
     Window w(u"{\\rtf1\\fs21 abc}"_s);
     QComboBox& sizes = w.combo(u"cmbSize"_s);
     QComboBox& names = w.combo(u"cmbName"_s);
-    QCOMPARE(sizes.count(), 68);
-    QCOMPARE(sizes.itemText(0) + u'-' + sizes.itemText(67), u"5-72"_s);
+    QCOMPARE(sizes.itemText(0) + u'-' + sizes.itemText(sizes.count() - 1), u"5-72"_s);
     QVERIFY(names.count() > 0 && names.findText(u"["_s, Qt::MatchContains) < 0);
-    for (const QString& family : QFontDatabase::families())
-        QVERIFY2(names.findText(family.section(u" ["_s, 0, 0)) >= 0, qPrintable(family));
     w.select(0, 2);
     emit sizes.activated(sizes.currentIndex()); // the 10 that stands for 10.5
-    QVERIFY2(describe(*w.box.document()).contains(u"{ 10 -/-|ab}"_s), qPrintable(describe(*w.box.document())));
+    QVERIFY2(w.looks().contains(u"{ 10 -/-|ab}"_s), qPrintable(w.looks()));
     QCOMPARE(w.edits.count(), 1);
     emit sizes.activated(sizes.currentIndex()); // nothing to change now
     QCOMPARE(w.edits.count(), 1);
@@ -225,25 +194,6 @@ void tst_RichTextBar::combos()
     QCOMPARE(w.box.look().points, 11.0);
     names.setCurrentIndex(names.count() - 1);
     QCOMPARE(w.box.look().family, names.itemText(names.count() - 1));
-    w.select(2, 3);
-    QCOMPARE(w.shown(u"cmbSize"_s), u"10"_s);
-    QCOMPARE(w.box.look().points, 10.5);
-}
-
-void tst_RichTextBar::namesAndTips()
-{
-    QStringList asked;
-    RichTextBox box;
-    RichTextBar bar(
-        box, {u"tbY"_s, u"n"_s, u"s"_s, {u"Bold"_s, u"Numbers"_s, u"Align Left"_s}, {}, [&asked](const QString& name) {
-                  asked.append(name);
-                  return QIcon();
-              }});
-    QCOMPARE(bar.objectName(), u"tbY"_s);
-    QCOMPARE(asked, (QStringList{u"format-text-bold"_s, u"format-list-ordered"_s, u"format-justify-left"_s}));
-    QCOMPARE(bar.command(u"Bold"_s)->toolTip(), u"Bold (Ctrl+B)"_s);
-    QCOMPARE(bar.command(u"Numbers"_s)->toolTip(), u"Numbering"_s);
-    QVERIFY(bar.findChild<QComboBox*>(u"n"_s) && bar.findChild<QComboBox*>(u"s"_s));
 }
 
 // From the text the bar can be reached and used without a mouse, and left again.
@@ -259,33 +209,14 @@ void tst_RichTextBar::keyboard()
         auto* button = qobject_cast<QToolButton*>(QApplication::focusWidget());
         return button && button->defaultAction() ? button->defaultAction()->objectName() : QString();
     };
-    QStringList visited{name()};
-    for (int i = 0; i < 20 && name() != u"Bold"_s; ++i) {
+    for (int i = 0; i < 6; ++i)
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
-        visited.append(name());
-    }
-    QCOMPARE(visited.join(u' '), u"Open Save Print Cut Copy Paste Bold"_s);
+    QCOMPARE(name(), u"Bold"_s);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
     QVERIFY(w.box.look().bold);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Left);
     QCOMPARE(name(), u"Paste"_s);
     QCOMPARE(first->focusPolicy(), Qt::TabFocus);
-}
-
-// In a narrow window what does not fit is behind the bar's extension button and still works.
-void tst_RichTextBar::narrow()
-{
-    Window w(u"ab"_s);
-    w.window.resize(320, 300);
-    w.select(0, 2);
-    auto* extension = w.bar.findChild<QToolButton*>(u"qt_toolbar_ext_button"_s);
-    QTRY_VERIFY(extension && extension->isVisible());
-    QWidget* bold = w.bar.widgetForAction(w.bar.command(u"Bullets"_s));
-    QVERIFY(!bold->isVisible());
-    extension->click();
-    QTRY_VERIFY(bold->isVisible());
-    QTest::mouseClick(bold, Qt::LeftButton);
-    QVERIFY(w.box.look().bullets);
 }
 
 SNIPVALE_TEST(tst_RichTextBar)
