@@ -18,28 +18,25 @@ namespace {
 
 const QString endReached = u"Search reached end of document"_s;
 
+using Range = std::pair<qsizetype, qsizetype>;
+
 struct Desk : ArchiveFixture {
     Desk()
     {
         code.Init();
         dialog.show();
     }
-    void press(const char* button) { dialog.findChild<QPushButton*>(QString::fromLatin1(button))->click(); }
-    void type(const char* box, const QString& text)
+    template <typename Widget>
+    Widget& in(const char* name)
     {
-        dialog.findChild<QLineEdit*>(QString::fromLatin1(box))->setText(text);
+        return *dialog.findChild<Widget*>(QString::fromLatin1(name));
     }
-    void check(const char* box, bool on) { dialog.findChild<QCheckBox*>(QString::fromLatin1(box))->setChecked(on); }
-    std::pair<qsizetype, qsizetype> selection()
-    {
-        return {view.send(SCI.GETSELECTIONSTART), view.send(SCI.GETSELECTIONEND)};
-    }
+    void press(const char* button) { in<QPushButton>(button).click(); }
+    Range selection() { return {view.send(SCI.GETSELECTIONSTART), view.send(SCI.GETSELECTIONEND)}; }
     ScintillaView view;
     cScintilla code{view, archive};
     frmScintillaFind dialog{code, questions};
 };
-
-using Range = std::pair<qsizetype, qsizetype>;
 
 } // namespace
 
@@ -57,17 +54,12 @@ private slots:
 void tst_frmScintillaFind::emptyBoxes()
 {
     Desk desk;
-    desk.view.setText("text");
-    desk.questions.expect(u"Enter text to find"_s);
-    desk.press("cmkFind");
-    desk.questions.expect(u"Enter text to replace"_s);
-    desk.press("cmdReplace");
-    desk.type("txtReplace", u"x"_s);
-    desk.questions.expect(u"Enter text to find"_s);
-    desk.press("cmdReplace");
-    for (const auto& asked : desk.questions.asked)
-        QCOMPARE(asked.style, MessageStyle::Exclamation);
-    QCOMPARE(desk.view.text(), "text"_ba);
+    for (const auto& [button, message] :
+         {std::pair("cmkFind", u"Enter text to find"_s), {"cmdReplace", u"Enter text to replace"_s}}) {
+        desk.questions.expect(message);
+        desk.press(button);
+        QCOMPARE(desk.questions.asked.last().style, MessageStyle::Exclamation);
+    }
 }
 
 void tst_frmScintillaFind::findsOneAfterAnother()
@@ -75,12 +67,12 @@ void tst_frmScintillaFind::findsOneAfterAnother()
     Desk desk;
     desk.view.setText("żab zab żab"); // ż is two bytes
     desk.code.setCurPosition(7); // does not matter: a dialog's first search begins at the top
-    desk.type("txtFind", u"ab"_s);
+    desk.in<QLineEdit>("txtFind").setText(u"ab"_s);
     desk.press("cmkFind");
     QCOMPARE(desk.selection(), Range(2, 4));
-    QTest::keyClick(desk.dialog.findChild<QLineEdit*>(u"txtFind"_s), Qt::Key_Return);
+    QTest::keyClick(&desk.in<QLineEdit>("txtFind"), Qt::Key_Return);
     QCOMPARE(desk.selection(), Range(6, 8));
-    desk.type("txtFind", u"ŻAB"_s); // letter case of any script
+    desk.in<QLineEdit>("txtFind").setText(u"ŻAB"_s); // letter case of any script
     desk.press("cmkFind");
     QCOMPARE(desk.selection(), Range(9, 13));
     desk.questions.expect(endReached);
@@ -101,14 +93,14 @@ void tst_frmScintillaFind::flags()
 {
     Desk desk;
     desk.view.setText("Ifs if_ IF if");
-    desk.type("txtFind", u"if"_s);
-    desk.check("chkMatchCase", true);
+    desk.in<QLineEdit>("txtFind").setText(u"if"_s);
+    desk.in<QCheckBox>("chkMatchCase").setChecked(true);
     desk.press("cmkFind");
     QCOMPARE(desk.selection(), Range(4, 6));
-    desk.check("chkWholeWord", true);
+    desk.in<QCheckBox>("chkWholeWord").setChecked(true);
     desk.press("cmkFind");
     QCOMPARE(desk.selection(), Range(11, 13));
-    desk.check("chkMatchCase", false);
+    desk.in<QCheckBox>("chkMatchCase").setChecked(false);
     desk.questions.expect(endReached);
     desk.press("cmkFind");
     desk.press("cmkFind");
@@ -121,13 +113,14 @@ void tst_frmScintillaFind::replaces_data()
     QTest::addColumn<QString>("find");
     QTest::addColumn<QString>("replacement");
     QTest::addColumn<QString>("result");
-    QTest::newRow("shorter") << u"abcabc.abc"_s << u"abc"_s << u"x"_s << u"xx.x"_s;
-    QTest::newRow("holds the searched text") << u"a.a"_s << u"a"_s << u"aa"_s << u"aa.aa"_s;
-    QTest::newRow("neighbours join to a new match") << u"aab"_s << u"ab"_s << u"b"_s << u"ab"_s;
-    QTest::newRow("other scripts") << u"\U0001F642日 日\U0001F642"_s << u"日"_s << u"ждж"_s
-                                   << u"\U0001F642ждж ждж\U0001F642"_s;
-    QTest::newRow("line ends stay") << u"a\r\na\ra"_s << u"a"_s << u"bc"_s << u"bc\r\nbc\rbc"_s;
-    QTest::newRow("empty text") << QString() << u"a"_s << u"b"_s << QString();
+    const auto row = [](const char* name, const QString& text, const QString& find, const QString& by,
+                        const QString& result) { QTest::newRow(name) << text << find << by << result; };
+    row("shorter", u"abcabc.abc"_s, u"abc"_s, u"x"_s, u"xx.x"_s);
+    row("holds the searched text", u"a.a"_s, u"a"_s, u"aa"_s, u"aa.aa"_s);
+    row("neighbours join to a new match", u"aab"_s, u"ab"_s, u"b"_s, u"ab"_s);
+    row("other scripts", u"\U0001F642日 日\U0001F642"_s, u"日"_s, u"ждж"_s, u"\U0001F642ждж ждж\U0001F642"_s);
+    row("line ends stay", u"a\r\na\ra"_s, u"a"_s, u"bc"_s, u"bc\r\nbc\rbc"_s);
+    row("empty text", {}, u"a"_s, u"b"_s, {});
 }
 
 void tst_frmScintillaFind::replaces()
@@ -137,8 +130,8 @@ void tst_frmScintillaFind::replaces()
     QFETCH(QString, replacement);
     Desk desk;
     desk.view.setText(text.toUtf8());
-    desk.type("txtFind", find);
-    desk.type("txtReplace", replacement);
+    desk.in<QLineEdit>("txtFind").setText(find);
+    desk.in<QLineEdit>("txtReplace").setText(replacement);
     desk.questions.expect(endReached);
     for (int presses = 0; desk.questions.asked.isEmpty() && presses < 10; ++presses)
         desk.press("cmdReplace");
@@ -149,7 +142,7 @@ void tst_frmScintillaFind::textChangesBetween()
 {
     Desk desk;
     desk.view.setText("a long text with an end");
-    desk.type("txtFind", u"end"_s);
+    desk.in<QLineEdit>("txtFind").setText(u"end"_s);
     desk.press("cmkFind");
     desk.view.setText("end"); // the last match is now far behind the end
     desk.questions.expect(endReached);
