@@ -274,9 +274,9 @@ void ListView::mouseReleaseEvent(QMouseEvent* event)
 
 void ListView::contextMenuEvent(QContextMenuEvent* event)
 {
-    if (QGuiApplication::mouseButtons() & Qt::RightButton)
-        return; // the mouse asks when its button goes up
     const bool isKey = event->reason() == QContextMenuEvent::Keyboard;
+    if (!isKey && QGuiApplication::mouseButtons() & Qt::RightButton)
+        return; // the mouse asks when its button goes up
     const QModelIndex row = isKey ? selectedRow() : indexAt(event->pos());
     emit released(row.isValid());
     const QPoint beside = row.isValid() ? visualRect(row).center() : QPoint(8, 8);
