@@ -8,22 +8,6 @@
 
 using namespace Qt::StringLiterals;
 
-QString CategoryNode::tag() const
-{
-    return id == 0 ? u"root"_s : wordsOf(kind).categoryTag;
-}
-
-QString CategoryNode::image() const
-{
-    return tag();
-}
-
-QString CategoryNode::selectedImage() const
-{
-    const QString normal = image();
-    return normal == "category"_L1 ? u"categoryOpen"_s : normal;
-}
-
 bool cCategory::Load()
 {
     return trapErrors(m_archive.questions(), u"Load"_s, [&] {
@@ -76,14 +60,14 @@ void cCategory::TraverseTree(const CategoryTree& tree, const QString& key)
 {
     trapErrors(m_archive.questions(), u"TraverseTree"_s, [&] {
         // A stack of our own: a tree may be deeper than the machine's.
-        QStringList open = tree.childKeys(key);
+        std::vector<qint32> open = tree.childrenOf(leadingNumber(key));
         std::reverse(open.begin(), open.end());
-        while (!open.isEmpty()) {
-            const QString child = open.takeLast();
-            CategoryIDsPath += u","_s + QString::number(leadingNumber(child));
-            QStringList below = tree.childKeys(child);
-            std::reverse(below.begin(), below.end());
-            open += below;
+        while (!open.empty()) {
+            const qint32 child = open.back();
+            open.pop_back();
+            CategoryIDsPath += u","_s + QString::number(child);
+            const std::vector<qint32> below = tree.childrenOf(child);
+            open.insert(open.end(), below.rbegin(), below.rend());
         }
     });
 }

@@ -4,32 +4,28 @@
 
 #include "archive/Element.h"
 
-#include <QString>
-#include <QStringList>
+#include <vector>
 
 class Archive;
 
 // The node of a category in the tree.
 struct CategoryNode {
-    qint32 id = 0; // 0 for the root
+    qint32 id = 0; // 0 for the top
     ElementKind kind = ElementKind::Memo;
     QString text;
 
     QString key() const { return QString::number(id) + QStringLiteral(" ID"); }
-    QString tag() const; // "root", "category", "bookmark", "todo"
-    QString image() const; // the same word
-    QString selectedImage() const; // "categoryOpen" for a memo category
+    QString tag() const { return id == 0 ? QStringLiteral("root") : wordsOf(kind).categoryTag; }
 };
 
-// The tree of categories as the category record and its editor see it. Nodes go by their keys ("12 ID").
+// The tree of categories as the category record and its editor see it. Nodes go by the number of their category.
 class CategoryTree {
 public:
     virtual ~CategoryTree() = default;
-    virtual QString selectedKey() const = 0; // empty when no node is selected
-    virtual QString selectedTag() const = 0;
-    virtual QStringList childKeys(const QString& key) const = 0; // in tree order; empty for an unknown key
-    virtual void renameNode(const QString& key, const QString& text) = 0; // its siblings are sorted again
-    virtual void addNode(const QString& parentKey, const CategoryNode& node) = 0; // sorted in, then selected
+    virtual const CategoryNode* selectedNode() const = 0; // null when none is selected
+    virtual std::vector<qint32> childrenOf(qint32 categoryID) const = 0; // in tree order; none for an unknown one
+    virtual void renameNode(qint32 categoryID, const QString& text) = 0; // its siblings are sorted again
+    virtual void addNode(qint32 parentID, const CategoryNode& node) = 0; // sorted in, then selected
     virtual void clickSelectedNode() = 0; // shows the selected category as a click does
 };
 

@@ -3,34 +3,31 @@
 #include "explorer/DragRules.h"
 
 #include "archive/Archive.h"
-#include "archive/SqlText.h"
-#include "archive/cCategory.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QString elementRefusal(DragSource source, const DropTarget& target)
+QString elementRefusal(const DragState& drag, const CategoryNode& target)
 {
-    if (leadingNumber(target.key) == 0)
+    if (target.id == 0)
         return u"Drop not allowed in root folder"_s;
-    if (target.tag == "bookmark"_L1 && source != DragSource::Bookmark)
-        return u"Drop not allowed here\r\nMoving into a bookmark folder you must select a bookmark item."_s;
-    if (target.tag == "todo"_L1 && source != DragSource::ToDo)
-        return u"Drop not allowed here\r\nMoving into a ToDo folder you must select a ToDo item."_s;
-    if (target.tag == "category"_L1 && source != DragSource::Memo)
-        return u"Drop not allowed here.\r\nMoving into a memo folder you must select a memo item."_s;
-    return {};
+    if (drag.kind == target.kind)
+        return {};
+    // The full stop is the memo folder's alone.
+    return u"Drop not allowed here%1\r\nMoving into a %2 folder you must select a %2 item."_s.arg(
+        target.kind == ElementKind::Memo ? u"."_s : QString(), wordsOf(target.kind).inDrag);
 }
 
-QString categoryRefusal(const DragState& drag, const DropTarget& target, const CategoryTree& tree)
+QString categoryRefusal(const DragState& drag, const CategoryNode& target, const CategoryTree& tree)
 {
     if (drag.dragged == 0)
         return u"You Cannot move Root element!"_s;
-    if (leadingNumber(target.key) == drag.dragged)
-        return u"Cannot move "_s + drag.text + u": The destination folder is the same as the source folder!"_s;
-    if (IsParentNode(tree, QString::number(drag.dragged) + u" ID"_s, target.key))
-        return u"Cannot move "_s + drag.text + u": The destination folder is a subfolder of the source folder!"_s;
+    const QString refused = u"Cannot move "_s + drag.text + u": The destination folder is "_s;
+    if (target.id == drag.dragged)
+        return refused + u"the same as the source folder!"_s;
+    if (IsParentNode(tree, drag.dragged, target.id))
+        return refused + u"a subfolder of the source folder!"_s;
     return {};
 }
 
@@ -40,50 +37,54 @@ void run(Archive& archive, const QString& sql)
     unit.Execute(sql);
 }
 
-} // namespace
-
-QString dropRefusal(const DragState& drag, const DropTarget& target, const CategoryTree& tree)
+void changeCategory(Archive& archive, ElementKind kind, const QString& ids, qint32 target)
 {
-    return drag.source == DragSource::Category ? categoryRefusal(drag, target, tree)
-                                               : elementRefusal(drag.source, target);
+    const ElementWords& words = wordsOf(kind);
+    run(archive,
+        u"UPDATE %1 SET %1.categoryID = %2  WHERE %1.%3 IN (%4) "_s.arg(words.table, QString::number(target),
+                                                                        words.keyColumn, ids));
 }
 
-bool IsParentNode(const CategoryTree& tree, const QString& source, const QString& destination)
+} // namespace
+
+QString dropRefusal(const DragState& drag, const CategoryNode& target, const CategoryTree& tree)
 {
-    QStringList waiting = {source};
-    while (!waiting.isEmpty()) {
-        const QStringList children = tree.childKeys(waiting.takeLast());
-        if (children.contains(destination))
-            return true;
-        waiting.append(children);
+    return drag.isCategory ? categoryRefusal(drag, target, tree) : elementRefusal(drag, target);
+}
+
+bool IsParentNode(const CategoryTree& tree, qint32 source, qint32 destination)
+{
+    std::vector<qint32> waiting = {source};
+    while (!waiting.empty()) {
+        const qint32 parent = waiting.back();
+        waiting.pop_back();
+        for (const qint32 child : tree.childrenOf(parent)) {
+            if (child == destination)
+                return true;
+            waiting.push_back(child);
+        }
     }
     return false;
 }
 
 void ChangeMemoCategory(Archive& archive, const QString& ids, qint32 target)
 {
-    run(archive,
-        u"UPDATE tab_memo SET "_s + u"tab_memo.categoryID = "_s + QString::number(target) + u"  "_s +
-            u"WHERE tab_memo.memoID IN ("_s + ids + u") "_s);
+    changeCategory(archive, ElementKind::Memo, ids, target);
 }
 
 void ChangeBookmarkCategory(Archive& archive, const QString& ids, qint32 target)
 {
-    run(archive,
-        u"UPDATE tab_bookmark SET "_s + u"tab_bookmark.categoryID = "_s + QString::number(target) + u"  "_s +
-            u"WHERE tab_bookmark.bookmarkID IN ("_s + ids + u") "_s);
+    changeCategory(archive, ElementKind::Bookmark, ids, target);
 }
 
 void ChangeToDoCategory(Archive& archive, const QString& ids, qint32 target)
 {
-    run(archive,
-        u"UPDATE tab_todo SET "_s + u"tab_todo.categoryID = "_s + QString::number(target) + u"  "_s +
-            u"WHERE tab_todo.todoID IN ("_s + ids + u") "_s);
+    changeCategory(archive, ElementKind::ToDo, ids, target);
 }
 
 void ChangeCategoryParent(Archive& archive, qint32 dragged, qint32 target)
 {
     run(archive,
-        u"UPDATE tab_category SET "_s + u"tab_category.parentID = "_s + QString::number(target) + u"  "_s +
-            u"WHERE tab_category.categoryID = "_s + QString::number(dragged) + u' ');
+        u"UPDATE tab_category SET tab_category.parentID = %1  WHERE tab_category.categoryID = %2 "_s.arg(
+            QString::number(target), QString::number(dragged)));
 }

@@ -5,42 +5,24 @@
 #include "archive/Archive.h"
 
 #include <QStringList>
-#include <iterator>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// What the search of one kind reads, and what its columns are called in the result.
-struct Source {
-    const char16_t* select;
-    const char16_t* id;
-    const char16_t* name;
-    const char16_t* suffix;
-    const char16_t* tag;
+constexpr const char16_t* selects[] = {
+    u" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_memo.memoID as memoID,"
+    u" tab_memo.memoName, tab_memoType.name as memoType"
+    u" FROM tab_memoType INNER JOIN (tab_category INNER JOIN tab_memo ON tab_category.categoryID ="
+    u" tab_memo.categoryID) ON tab_memoType.memoTypeID = tab_memo.memoTypeID ",
+    u" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_bookmark.bookmarkID,"
+    u" tab_bookmark.name as bookmarkName, tab_bookmark.url, tab_bookmark.keywords, tab_bookmark.description,"
+    u" tab_bookmark.dateIn, tab_bookmark.dateLastMod "
+    u" FROM tab_category INNER JOIN tab_bookmark ON tab_category.categoryID = tab_bookmark.categoryID ",
+    u" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_todo.todoID,"
+    u" tab_todo.name as todoName, tab_todo.description, tab_todo.dateIn, tab_todo.dateLastMod "
+    u" FROM tab_category INNER JOIN tab_todo ON tab_category.categoryID = tab_todo.categoryID ",
 };
-
-constexpr Source sources[] = {
-    {u" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_memo.memoID as memoID,"
-     u" tab_memo.memoName, tab_memoType.name as memoType"
-     u" FROM tab_memoType INNER JOIN (tab_category INNER JOIN tab_memo ON tab_category.categoryID ="
-     u" tab_memo.categoryID) ON tab_memoType.memoTypeID = tab_memo.memoTypeID ",
-     u"memoID", u"memoName", u" M_ID", u"MEMO"},
-    {u" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_bookmark.bookmarkID,"
-     u" tab_bookmark.name as bookmarkName, tab_bookmark.url, tab_bookmark.keywords, tab_bookmark.description,"
-     u" tab_bookmark.dateIn, tab_bookmark.dateLastMod "
-     u" FROM tab_category INNER JOIN tab_bookmark ON tab_category.categoryID = tab_bookmark.categoryID ",
-     u"bookmarkID", u"bookmarkName", u" B_ID", u"BOOKMARK"},
-    {u" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_todo.todoID,"
-     u" tab_todo.name as todoName, tab_todo.description, tab_todo.dateIn, tab_todo.dateLastMod "
-     u" FROM tab_category INNER JOIN tab_todo ON tab_category.categoryID = tab_todo.categoryID ",
-     u"todoID", u"todoName", u" T_ID", u"TODO"},
-};
-
-QString text(const char16_t* literal)
-{
-    return QStringView(literal).toString();
-}
 
 QStringList searchedColumns(ElementKind kind, const SearchFields& fields)
 {
@@ -60,36 +42,25 @@ QStringList searchedColumns(ElementKind kind, const SearchFields& fields)
 
 } // namespace
 
-QString SearchHit::keySuffix() const
-{
-    return text(sources[size_t(kind)].suffix);
-}
-
-QString SearchHit::tag() const
-{
-    return text(sources[size_t(kind)].tag);
-}
-
 QString searchStatement(ElementKind kind, const QString& searched, const SearchFields& fields)
 {
-    QString sql = text(sources[size_t(kind)].select) + u" WHERE 1 <> 1 "_s;
+    QString sql = QStringView(selects[size_t(kind)]).toString() + u" WHERE 1 <> 1 "_s;
     for (const QString& column : searchedColumns(kind, fields))
         sql += u"  OR ( "_s + column + u" LIKE '%"_s + searched + u"%' )"_s;
     return sql;
 }
 
-void searchElements(Archive& archive, ElementKind kind, const QString& searched, const SearchFields& fields,
-                    const std::function<bool()>& keepGoing, std::vector<SearchHit>& hits)
+std::vector<SearchHit> searchElements(Archive& archive, ElementKind kind, const QString& searched,
+                                      const SearchFields& fields, const std::function<bool()>& keepGoing)
 {
-    const Source& source = sources[size_t(kind)];
     ArchiveUnit unit(archive);
     unit.connection().onProgress(keepGoing);
     jet::Recordset set = unit.Open(searchStatement(kind, searched, fields));
     const int category = set.index(u"categoryID"_s);
-    const int id = set.index(text(source.id));
-    const int name = set.index(text(source.name));
+    const int id = set.index(wordsOf(kind).keyColumn);
+    const int name = set.index(wordsOf(kind).image + u"Name"_s);
     const int type = kind == ElementKind::Memo ? set.index(u"memoType"_s) : -1;
-    std::vector<SearchHit> found;
+    std::vector<SearchHit> hits;
     QString language;
     QByteArray languageBytes;
     for (; !set.eof(); set.moveNext()) {
@@ -97,11 +68,7 @@ void searchElements(Archive& archive, ElementKind kind, const QString& searched,
             languageBytes = set.utf8(type);
             language = QString::fromUtf8(languageBytes);
         }
-        found.push_back({kind, qint32(set.integer(id)), qint32(set.integer(category)), set.text(name), language});
+        hits.push_back({{kind, qint32(set.integer(id))}, qint32(set.integer(category)), set.text(name), language});
     }
-    if (hits.empty()) {
-        hits.swap(found);
-        return;
-    }
-    hits.insert(hits.end(), std::make_move_iterator(found.begin()), std::make_move_iterator(found.end()));
+    return hits;
 }

@@ -19,21 +19,17 @@ struct SearchFields {
 
 // An element that was found.
 struct SearchHit {
-    ElementKind kind = ElementKind::Memo;
-    qint32 id = 0;
+    ElementKey key;
     qint32 categoryID = 0;
     QString name;
     QString type; // the language of a memo
-
-    QString keySuffix() const; // " M_ID", " B_ID", " T_ID"
-    QString tag() const; // "MEMO", "BOOKMARK", "TODO"
 };
 
 // The query for the elements that hold the text in one of the fields. The text goes into the statement as it was
 // typed: % _ and [ ] are wildcards, and a single quote breaks it.
 QString searchStatement(ElementKind kind, const QString& text, const SearchFields& fields);
 
-// Appends what is found. `keepGoing` is asked every few milliseconds, and may be empty; false stops the search with a
-// jet::Error. Throws jet::Error; `hits` keeps what it held then.
-void searchElements(Archive& archive, ElementKind kind, const QString& text, const SearchFields& fields,
-                    const std::function<bool()>& keepGoing, std::vector<SearchHit>& hits);
+// `keepGoing` is asked every few milliseconds, and may be empty; false stops the search with a jet::Error. Throws
+// jet::Error.
+std::vector<SearchHit> searchElements(Archive& archive, ElementKind kind, const QString& text,
+                                      const SearchFields& fields, const std::function<bool()>& keepGoing);

@@ -14,19 +14,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A tree of keys: 7 over 9 and 12, 9 over 10.
+// A tree: 7 over 9 and 12, 9 over 10.
 class FakeTree : public CategoryTree {
 public:
-    QString selectedKey() const override { return {}; }
-    QString selectedTag() const override { return {}; }
-    QStringList childKeys(const QString& key) const override
+    const CategoryNode* selectedNode() const override { return nullptr; }
+    std::vector<qint32> childrenOf(qint32 id) const override
     {
-        if (key == "7 ID"_L1)
-            return {u"9 ID"_s, u"12 ID"_s};
-        return key == "9 ID"_L1 ? QStringList{u"10 ID"_s} : QStringList();
+        if (id == 7)
+            return {9, 12};
+        return id == 9 ? std::vector<qint32>{10} : std::vector<qint32>();
     }
-    void renameNode(const QString&, const QString&) override { }
-    void addNode(const QString&, const CategoryNode&) override { }
+    void renameNode(qint32, const QString&) override { }
+    void addNode(qint32, const CategoryNode&) override { }
     void clickSelectedNode() override { }
 };
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "explorer/ui/DragFixture.h"
+#include "explorer/ui/ExplorerFixture.h"
 #include "x11/RealDesktop.h"
 
 using namespace Qt::StringLiterals;
@@ -18,9 +18,9 @@ private slots:
     void escapeCancels();
 
 private:
-    QPoint memo(int row) { return onScreen(list(), DragExplorer::rowAt(list(), row)); }
+    QPoint memo(int row) { return onScreen(list(), DragExplorer::cellAt(list(), row)); }
     QPoint node(int id) { return onScreen(m_e->tree(), m_e->nodeAt(id)); }
-    ElementListView& list() { return m_e->list("lvwMemo"); }
+    ListView& list() { return m_e->list(); }
     static QPoint onScreen(QAbstractItemView& view, const QPoint& at) { return view.viewport()->mapToGlobal(at); }
 
     std::unique_ptr<DragExplorer> m_e;
@@ -49,10 +49,10 @@ void tst_RealDrag::memosMove()
         QCOMPARE(m_e->frame.status, u"Dragging memo elements ..."_s);
     });
     QTRY_COMPARE(m_e->frame.status, u"Memo -  items: 2"_s);
-    QCOMPARE(m_e->memosIn(10), u"2 3 4"_s);
+    QCOMPARE(m_e->filedIn(10), u"2 3 4"_s);
     QVERIFY(!m_e->hover().marked().isValid());
     realdesktop::drag(memo(1), node(11));
-    QTRY_COMPARE(m_e->memosIn(11), u"5"_s);
+    QTRY_COMPARE(m_e->filedIn(11), u"5"_s);
     realdesktop::clickAt(node(10));
     QTRY_COMPARE(m_e->category.CategoryID, 10);
     QCOMPARE(list().model()->rowCount(), 3);
@@ -65,7 +65,7 @@ void tst_RealDrag::aCategoryMoves()
         QCOMPARE(m_e->category.CategoryID, 1); // nothing was clicked so far
     });
     QTRY_COMPARE(m_e->parentOf(11), u"30"_s);
-    QTRY_COMPARE(m_e->window.selectedKey(), u"11 ID"_s);
+    QTRY_COMPARE(m_e->selected(), 11);
 }
 
 void tst_RealDrag::aRefusedDropIsTold()
@@ -73,7 +73,7 @@ void tst_RealDrag::aRefusedDropIsTold()
     m_e->questions.expect(u"Drop not allowed here\r\nMoving into a ToDo folder you must select a ToDo item."_s);
     realdesktop::drag(memo(0), node(30));
     QTRY_COMPARE(m_e->questions.asked.size(), 1);
-    QCOMPARE(m_e->memosIn(1), u"1 2 3 4 5"_s);
+    QCOMPARE(m_e->filedIn(1), u"1 2 3 4 5"_s);
 }
 
 // Over a collapsed node, which opens on the way.
@@ -88,7 +88,7 @@ void tst_RealDrag::escapeCancels()
     });
     QTRY_COMPARE(m_e->frame.status, u"Memo -  items: 5"_s);
     QVERIFY(!m_e->hover().marked().isValid());
-    QCOMPARE(m_e->memosIn(1), u"1 2 3 4 5"_s);
+    QCOMPARE(m_e->filedIn(1), u"1 2 3 4 5"_s);
 }
 
 int main(int argc, char** argv)

@@ -60,20 +60,17 @@ void frmCategory::loadExisting()
     m_category.Load();
     m_ui->txtName->setText(m_category.CategoryName);
     m_ui->txtDescription->setPlainText(m_category.CategoryDescription);
-    static const std::array kindNames = {u" - Memo"_s, u" - Bookmark"_s, u" - ToDo"_s};
-    const int kind = int(elementKind(m_category.CategoryType));
-    setWindowTitle(windowTitle() + kindNames[size_t(kind)]);
-    showPicture(kind);
+    const ElementKind kind = elementKind(m_category.CategoryType);
+    setWindowTitle(windowTitle() + u" - "_s + wordsOf(kind).name);
+    showPicture(int(kind));
 }
 
 void frmCategory::prepareNew()
 {
-    m_category.CategoryParentID = leadingNumber(m_tree.selectedKey());
-    const QString tag = m_tree.selectedTag();
-    QRadioButton* option = tag == "bookmark"_L1 ? m_ui->optType_1
-        : tag == "todo"_L1                      ? m_ui->optType_2
-                                                : m_ui->optType_0;
-    option->setChecked(true);
+    const CategoryNode* parent = m_tree.selectedNode();
+    m_category.CategoryParentID = parent ? parent->id : 0;
+    QRadioButton* const options[] = {m_ui->optType_0, m_ui->optType_1, m_ui->optType_2};
+    options[parent ? size_t(parent->kind) : 0]->setChecked(true);
 }
 
 void frmCategory::optType_Click(int index)
@@ -100,9 +97,9 @@ void frmCategory::cmdOK_Click()
             return; // the message was shown; what was typed stays
         const CategoryNode node{m_category.CategoryID, elementKind(m_category.CategoryType), m_category.CategoryName};
         if (m_category.EditingMode)
-            m_tree.renameNode(node.key(), node.text);
+            m_tree.renameNode(node.id, node.text);
         else
-            m_tree.addNode(QString::number(m_category.CategoryParentID) + u" ID"_s, node);
+            m_tree.addNode(m_category.CategoryParentID, node);
         m_tree.clickSelectedNode();
         accept();
     });

@@ -23,6 +23,17 @@ bool comesBefore(const QString& a, const QString& b)
     return compareNames(a, b) < 0;
 }
 
+// Of a node with that tag. Only the folder of a memo category opens when it is selected.
+QIcon folderIcon(const QString& tag, bool isSelected)
+{
+    static const QHash<QString, QIcon> icons = {{u"root"_s, themedIcon(u"folder-documents"_s)},
+                                                {u"category"_s, themedIcon(u"folder"_s)},
+                                                {u"bookmark"_s, themedIcon(u"folder-bookmark"_s)},
+                                                {u"todo"_s, themedIcon(u"view-task"_s)}};
+    static const QIcon open = themedIcon(u"folder-open"_s);
+    return isSelected && tag == "category"_L1 ? open : icons.value(tag);
+}
+
 } // namespace
 
 CategoryTreeModel::CategoryTreeModel(QObject* parent) : QAbstractItemModel(parent)
@@ -78,9 +89,9 @@ void CategoryTreeModel::sortChildren(Node& node)
         child->row = row++;
 }
 
-QModelIndex CategoryTreeModel::add(const QString& parentKey, const CategoryNode& category)
+QModelIndex CategoryTreeModel::add(qint32 parentID, const CategoryNode& category)
 {
-    Node* parent = m_byId.value(leadingNumber(parentKey));
+    Node* parent = m_byId.value(parentID);
     if (!parent || m_byId.contains(category.id))
         return {};
     const auto place =
@@ -96,9 +107,9 @@ QModelIndex CategoryTreeModel::add(const QString& parentKey, const CategoryNode&
     return indexFor(node);
 }
 
-void CategoryTreeModel::rename(const QString& key, const QString& text)
+void CategoryTreeModel::rename(qint32 categoryID, const QString& text)
 {
-    Node* node = m_byId.value(leadingNumber(key));
+    Node* node = m_byId.value(categoryID);
     if (!node || node == m_root.get())
         return;
     emit layoutAboutToBeChanged();
@@ -113,9 +124,9 @@ void CategoryTreeModel::rename(const QString& key, const QString& text)
     emit dataChanged(indexFor(node), indexFor(node));
 }
 
-QModelIndex CategoryTreeModel::indexOf(const QString& key) const
+QModelIndex CategoryTreeModel::indexOf(qint32 categoryID) const
 {
-    Node* node = m_byId.value(leadingNumber(key));
+    Node* node = m_byId.value(categoryID);
     return node ? indexFor(node) : QModelIndex();
 }
 
@@ -127,13 +138,19 @@ QString CategoryTreeModel::fullPath(const QModelIndex& index) const
     return texts.join(u'\\');
 }
 
-QStringList CategoryTreeModel::childKeys(const QString& key) const
+std::vector<qint32> CategoryTreeModel::childrenOf(qint32 categoryID) const
 {
-    QStringList keys;
-    if (const Node* node = m_byId.value(leadingNumber(key)))
+    std::vector<qint32> children;
+    if (const Node* node = m_byId.value(categoryID))
         for (const auto& child : node->children)
-            keys.append(child->category.key());
-    return keys;
+            children.push_back(child->category.id);
+    return children;
+}
+
+const CategoryNode* CategoryTreeModel::category(const QModelIndex& index) const
+{
+    const Node* node = nodeOf(index);
+    return node ? &node->category : nullptr;
 }
 
 CategoryTreeModel::Node* CategoryTreeModel::nodeOf(const QModelIndex& index) const
@@ -182,7 +199,7 @@ QVariant CategoryTreeModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return node->category.text;
     case Qt::DecorationRole:
-        return icon(node->category.id == m_selected ? node->category.selectedImage() : node->category.image());
+        return folderIcon(node->category.tag(), node->category.id == m_selected);
     case KeyRole:
         return node->category.key();
     case TagRole:
@@ -199,14 +216,4 @@ void CategoryTreeModel::setSelected(const QModelIndex& index)
     m_selected = node ? node->category.id : 0;
     emit dataChanged(before, before, {Qt::DecorationRole});
     emit dataChanged(index, index, {Qt::DecorationRole});
-}
-
-QIcon CategoryTreeModel::icon(const QString& image)
-{
-    static const QHash<QString, QIcon> icons = {{u"root"_s, themedIcon(u"folder-documents"_s)},
-                                                {u"category"_s, themedIcon(u"folder"_s)},
-                                                {u"categoryOpen"_s, themedIcon(u"folder-open"_s)},
-                                                {u"bookmark"_s, themedIcon(u"folder-bookmark"_s)},
-                                                {u"todo"_s, themedIcon(u"view-task"_s)}};
-    return icons.value(image);
 }

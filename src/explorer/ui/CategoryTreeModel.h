@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "archive/cCategory.h"
-#include "explorer/CategoryRows.h"
+#include "explorer/ArchiveRows.h"
 
 #include <QAbstractItemModel>
 #include <QHash>
@@ -23,24 +22,22 @@ public:
 
     // Parents stand before their children; a row whose parent is unknown is left out.
     void setRows(std::span<const CategoryRow> rows);
-    // Sorted in among its brothers; an invalid index when the parent is unknown or the key is there already.
-    QModelIndex add(const QString& parentKey, const CategoryNode& node);
-    void rename(const QString& key, const QString& text);
+    // Sorted in among its brothers; an invalid index when the parent is unknown or the category is there already.
+    QModelIndex add(qint32 parentID, const CategoryNode& node);
+    void rename(qint32 categoryID, const QString& text);
     void setSelected(const QModelIndex& index); // the node that shows its selected image
 
     QModelIndex rootIndex() const { return index(0, 0); } // of "Code Root"
-    QModelIndex indexOf(const QString& key) const; // invalid when unknown
+    QModelIndex indexOf(qint32 categoryID) const; // invalid when unknown
+    const CategoryNode* category(const QModelIndex& index) const; // null for an invalid index
     QString fullPath(const QModelIndex& index) const; // node texts from the top, joined by backslashes
-    QStringList childKeys(const QString& key) const;
+    std::vector<qint32> childrenOf(qint32 categoryID) const;
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
     QModelIndex parent(const QModelIndex& child) const override;
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
-
-    // The icons behind the keys "root", "category", "categoryOpen", "bookmark", "todo".
-    static QIcon icon(const QString& image);
 
 private:
     struct Node;

@@ -13,6 +13,7 @@
 
 class DropHover;
 class ExplorerTreeView;
+class ListView;
 class QAbstractItemView;
 class QDrag;
 class QDropEvent;
@@ -22,9 +23,7 @@ class QMouseEvent;
 struct DragViews {
     CategoryTreeModel& model;
     ExplorerTreeView& tree;
-    ElementListView& memos;
-    ElementListView& bookmarks;
-    ElementListView& toDos;
+    std::array<ListView*, std::size(elementKinds)> lists; // by kind
 };
 
 // Dragging in the explorer: selected elements of a list, or a category of the tree, onto a category of the tree.
@@ -45,36 +44,35 @@ private:
     struct Source {
         QAbstractItemView* view;
         QWidget* viewport; // its; a view in destruction must not be asked for it
-        DragSource kind;
+        std::optional<ElementKind> kind; // of the list; none for the tree
     };
     void pressed(const Source& source, const QMouseEvent& event);
     bool moved(const Source& source, const QMouseEvent& event); // true: the view must not see it
     bool isOurs(const QDropEvent& event) const;
 
     void drag(const Source& source);
-    void startFromList(DragSource kind);
+    void startFromList(ElementKind kind);
     void tvTreeView_OLEStartDrag();
     void exec(const Source& source);
     void tvTreeView_OLEDragOver(QDropEvent& event);
     bool tvTreeView_OLEDragDrop(const QModelIndex& node); // false after an error
-    void dropElements(const DropTarget& target);
-    void dropCategory(const DropTarget& target);
-    void completeFromList(ElementListView& list, DragSource kind, bool refill);
+    void dropElements(qint32 target);
+    void dropCategory(qint32 target);
+    void completeFromList(ElementKind kind, bool refill);
     void completeFromTree();
 
-    ElementListView& listOf(DragSource kind) const; // of a kind of elements
-    void fillAgain(ElementListView& list, const QModelIndex& node);
+    ListView& listOf(ElementKind kind) const { return *m_views.lists[size_t(kind)]; }
 
     frmSnipValeS& m_explorer;
     ExplorerContext m_context;
     DragViews m_views;
-    std::array<Source, 4> m_sources;
+    std::vector<Source> m_sources;
     DropHover* m_hover; // a child of the tree
     DragState m_drag;
 
     QPersistentModelIndex m_pressed; // what the button went down on; invalid when that starts no drag
     QPoint m_pressedAt; // in the viewport
-    QString m_selectedBefore; // key of the tree's node before the button went down
+    std::optional<qint32> m_selectedBefore; // the category of the tree before the button went down
     bool m_isTopDragged = false;
     bool m_swallowRelease = false; // of the button that ended a drag
     QPersistentModelIndex m_judged; // the node that the pointer was over last

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/ui/ElementListModel.h"
 
-#include "archive/SqlText.h"
 #include "ui/widgets/ShownText.h"
 
 #include <algorithm>
@@ -40,21 +39,6 @@ ElementListModel::ElementListModel(QStringList columns, QObject* parent)
 {
 }
 
-QString ElementListModel::keyOf(int row) const
-{
-    const int element = elementAt(row);
-    return QString::number(elementId(element)) + keySuffix(element);
-}
-
-int ElementListModel::rowOf(const QString& key) const
-{
-    const qint32 id = leadingNumber(key);
-    for (int row = 0; row < int(m_order.size()); ++row)
-        if (elementId(elementAt(row)) == id && key.endsWith(keySuffix(elementAt(row))))
-            return row;
-    return -1;
-}
-
 int ElementListModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : int(m_order.size());
@@ -78,7 +62,7 @@ QVariant ElementListModel::data(const QModelIndex& index, int role) const
     case Qt::DecorationRole:
         return cellIcon(element, index.column());
     case KeyRole:
-        return keyOf(index.row());
+        return elementKey(element).text();
     case TagRole:
         return tag(element);
     default:

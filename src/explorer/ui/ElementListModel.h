@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "archive/Element.h"
+
 #include <QAbstractTableModel>
 #include <QStringList>
 #include <vector>
@@ -15,10 +17,6 @@ public:
 
     explicit ElementListModel(QStringList columns, QObject* parent = nullptr);
 
-    int rowOf(const QString& key) const; // -1 when there is no such item
-    QString keyOf(int row) const;
-    virtual int nameColumn() const { return 0; } // what typing in the list looks through
-
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -29,10 +27,9 @@ public:
 protected:
     // The elements in the archive's order, by position.
     virtual int elementCount() const = 0;
-    virtual qint32 elementId(int element) const = 0;
+    virtual ElementKey elementKey(int element) const = 0;
     virtual QString cellText(int element, int column) const = 0;
     virtual QVariant cellIcon(int element, int column) const = 0;
-    virtual QString keySuffix(int element) const = 0; // " M_ID"
     virtual QString tag(int element) const = 0;
 
     // Calls `change`, which replaces all elements, inside a reset of the model.

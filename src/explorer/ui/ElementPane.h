@@ -2,66 +2,87 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "explorer/ui/ElementListView.h"
-#include "explorer/ui/ExplorerContext.h"
+#include "archive/Element.h"
 
 #include <QObject>
 #include <QStringList>
+#include <functional>
 #include <vector>
 
-class ElementListModel;
-class ElementListener;
+class Archive;
+class BookmarkList;
+class CategoryList;
+class FrameServices;
+class ListView;
+class cBookmark;
+class cCategory;
+class cMemo;
+class cViewFilter;
+struct Desktop;
+struct SortDirection;
+
+// What the explorer works on and with. All outlive it.
+struct ExplorerContext {
+    Archive& archive;
+    const Desktop& desktop;
+    FrameServices& frame;
+    cViewFilter& viewFilter;
+    cMemo& memo;
+    cBookmark& bookmark;
+    cCategory& category; // the current one
+};
 
 // What the memo, bookmark and to-do list of the explorer have in common: how they are filled, opened and emptied, and
 // which commands they enable. Errors are shown here; a list keeps what it had then.
 class ElementPane : public QObject {
     Q_OBJECT
 public:
-    void UpdateStatusBar();
-    virtual void clear() = 0;
-    void selectKey(const QString& key); // it alone; an unknown key selects nothing
-    void openElement(qint32 id); // in its editor
-    void setInFront(bool inFront); // while it is not, the commands that need an element are off
-
-protected:
-    struct Words {
-        QString element; // as in "miMemoNew", "mnuMemo", "DeleteMemo"
-        QString status; // before the number of items
-        QStringList needing; // the commands that need an element, beside Modify and Delete
-        std::vector<int> widths; // of the columns but the last, in characters
+    // Where a pane works; all of it outlives the pane.
+    struct Place {
+        ListView& view;
+        const ExplorerContext& context;
+        ElementListener& listener;
+        SortDirection& sort;
+        QObject* parent;
     };
 
-    ElementPane(ElementListView& view, ElementListModel& model, const ExplorerContext& context,
-                ElementListener& listener, SortDirection& sort, Words words, QObject* parent);
-
-    void makeColumns();
+    void UpdateStatusBar();
+    void makeColumns(); // as wide as they begin; later the widths are the user's
     void makeContents(); // of the current category
-    void refill(); // the same, and what was selected and seen stays so
     void newElement();
     void modifyElement(); // the selected one
     void deleteElements(); // all selected ones, after a question
+    void clear();
+    void select(qint32 id); // it alone; an unknown one selects nothing
+    void openElement(qint32 id); // in its editor; 0 is a new one
+    void setInFront(bool inFront); // while it is not, the commands that need an element are off
+
+protected:
+    // `needing`: the commands that need an element, beside Modify and Delete. `widths`: of the columns but the last, in
+    // characters. The model becomes a child of the pane.
+    ElementPane(const Place& place, CategoryList* model, QStringList needing, std::vector<int> widths);
+
+    void refill(); // what was selected and seen stays so
+    std::vector<qint32> selectedIds() const; // none while another list is in front
     qint32 selectedId() const; // the current one, else the first selected; 0 without one
+    virtual void showEditor(QWidget& window) = 0; // a child of `window`; modal
 
-    virtual void readRows() = 0; // throws; the model stays as it is then
-    virtual void deleteRows(const QString& ids) = 0; // throws
-    virtual qint32& idToEdit() = 0; // of cViewFilter
-    virtual void showEditor(QWidget&) { } // a kind may have none
-
-    ElementListView& view() const { return m_view; }
+    ListView& view() const { return m_view; }
+    CategoryList& list() const { return m_list; }
     const ExplorerContext& context() const { return m_context; }
     ElementListener& listener() const { return m_listener; }
 
 private:
     void wire();
+    void fill();
     void enableNeeding(bool enabled);
     void enableNeedingButDelete(bool enabled);
-    QString command(const char* verb) const;
-    QStringList selectedKeys() const; // none while another list is in front
 
-    ElementListView& m_view;
-    ElementListModel& m_model;
+    ListView& m_view;
+    CategoryList& m_list;
     ExplorerContext m_context;
     ElementListener& m_listener;
-    Words m_words;
-    bool m_columnsMade = false;
+    const ElementWords& m_words;
+    QStringList m_needing;
+    std::vector<int> m_widths; // empty once they were set
 };

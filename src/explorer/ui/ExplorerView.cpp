@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/ui/ExplorerView.h"
 
-#include "explorer/ui/BookmarkPane.h"
-#include "explorer/ui/MemoPane.h"
+#include "explorer/ui/ElementPanes.h"
 #include "explorer/ui/SearchPane.h"
-#include "explorer/ui/ToDoPane.h"
 #include "explorer/ui/frmSnipValeS.h"
 
 using namespace Qt::StringLiterals;

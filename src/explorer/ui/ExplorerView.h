@@ -4,7 +4,7 @@
 
 #include "archive/cCategory.h"
 #include "desktop/ui/FrameView.h"
-#include "explorer/ui/ExplorerContext.h"
+#include "explorer/ui/ElementPane.h"
 #include "memo/cBookmark.h"
 #include "memo/cMemo.h"
 

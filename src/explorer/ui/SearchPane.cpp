@@ -7,9 +7,7 @@
 #include "archive/SqlText.h"
 #include "desktop/FrameServices.h"
 #include "desktop/Questions.h"
-#include "explorer/BookmarkRows.h"
-#include "explorer/MemoRows.h"
-#include "explorer/ToDoRows.h"
+#include "explorer/ui/ElementLists.h"
 #include "ui/widgets/Icons.h"
 #include "ui_frmSnipValeS.h"
 
@@ -19,47 +17,69 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr ElementKind kinds[] = {ElementKind::Memo, ElementKind::Bookmark, ElementKind::ToDo};
-
-QString routineOf(ElementKind kind)
+SearchList::SearchList(PathOf pathOf)
+    : ElementListModel({u"Memo"_s, u"Category"_s, u"Type"_s}), m_pathOf(std::move(pathOf))
 {
-    return kind == ElementKind::Memo    ? u"SearchMemo"_s
-        : kind == ElementKind::Bookmark ? u"SearchBookmark"_s
-                                        : u"SearchToDo"_s;
 }
 
-} // namespace
-
-SearchPane::SearchPane(Ui::frmSnipValeS& ui, const ExplorerContext& context, SortDirection& sort,
-                       SearchListModel::PathOf pathOf, QObject* parent)
-    : QObject(parent), m_ui(ui), m_context(context), m_model(new SearchListModel(std::move(pathOf), this))
+void SearchList::setHits(std::vector<SearchHit> hits)
 {
-    m_ui.lvwSearch->setList(m_model, SearchListModel::NameColumn);
+    refill([&] {
+        m_hits = std::move(hits);
+        m_paths.clear();
+        for (const SearchHit& hit : m_hits)
+            if (!m_paths.contains(hit.categoryID))
+                m_paths.insert(hit.categoryID, m_pathOf(hit.categoryID));
+    });
+}
+
+QVariant SearchList::data(const QModelIndex& index, int role) const
+{
+    if (role == TagRole && index.column() == CategoryColumn && checkIndex(index, CheckIndexOption::IndexIsValid))
+        return CategoryNode{hitAt(index.row()).categoryID, {}, {}}.key();
+    return ElementListModel::data(index, role);
+}
+
+QString SearchList::cellText(int element, int column) const
+{
+    const SearchHit& hit = m_hits[size_t(element)];
+    return column == NameColumn ? hit.name : column == CategoryColumn ? m_paths.value(hit.categoryID) : hit.type;
+}
+
+QVariant SearchList::cellIcon(int element, int column) const
+{
+    return column == NameColumn ? QVariant(reportIcon(wordsOf(elementKey(element).kind).image)) : QVariant();
+}
+
+SearchPane::SearchPane(Ui::frmSnipValeS& ui, Archive& archive, FrameServices& frame, SortDirection& sort,
+                       SearchList::PathOf pathOf, QObject* parent)
+    : QObject(parent), m_ui(ui), m_archive(archive), m_frame(frame), m_model(new SearchList(std::move(pathOf)))
+{
+    m_model->setParent(this);
+    m_ui.lvwSearch->setList(m_model);
     m_ui.lvwSearch->sortWith(sort);
     const int unit = m_ui.lvwSearch->fontMetrics().averageCharWidth();
-    m_ui.lvwSearch->header()->resizeSection(SearchListModel::NameColumn, unit * 50);
-    m_ui.lvwSearch->header()->resizeSection(SearchListModel::CategoryColumn, unit * 40);
+    m_ui.lvwSearch->header()->resizeSection(SearchList::NameColumn, unit * 50);
+    m_ui.lvwSearch->header()->resizeSection(SearchList::CategoryColumn, unit * 40);
     m_ui.picSearchClose->setIcon(themedIcon(u"window-close"_s));
     m_ui.txtSearchText->setMaxLength(8'000'000); // what is pasted is searched for whole
     m_ui.picSearch->hide();
-    m_context.frame.checkCommand(u"Search"_s, false);
+    m_frame.checkCommand(u"Search"_s, false);
     wire();
     enableNeeding(false);
 }
 
 void SearchPane::wire()
 {
-    const ElementListView* list = m_ui.lvwSearch;
-    connect(list, &ElementListView::openRequested, this, &SearchPane::openRequested);
-    connect(list, &ElementListView::newRequested, this, &SearchPane::openRequested);
-    connect(list, &ElementListView::deleteRequested, this, &SearchPane::DeleteSearchMemo);
-    connect(list, &ElementListView::released, this, &SearchPane::enableNeeding);
-    connect(list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+    const ListView* list = m_ui.lvwSearch;
+    connect(list, &ListView::openRequested, this, &SearchPane::openRequested);
+    connect(list, &ListView::newRequested, this, &SearchPane::openRequested);
+    connect(list, &ListView::deleteRequested, this, &SearchPane::DeleteSearchMemo);
+    connect(list, &ListView::released, this, &SearchPane::enableNeeding);
+    connect(list, &ListView::selectionMade, this,
             [this, list] { enableNeeding(list->selectionModel()->hasSelection()); });
-    connect(list, &ElementListView::menuRequested, this,
-            [this](const QPoint& position) { m_context.frame.popupMenu(u"mnuSearch"_s, position); });
+    connect(list, &ListView::menuRequested, this,
+            [this](const QPoint& position) { m_frame.popupMenu(u"mnuSearch"_s, position); });
     connect(m_ui.chkMemo, &QCheckBox::toggled, this, [this](bool checked) {
         for (QCheckBox* field : {m_ui.chkMemoName, m_ui.chkSnipVale, m_ui.chkMemoNotes})
             field->setEnabled(checked);
@@ -73,7 +93,7 @@ void SearchPane::wire()
 void SearchPane::enableNeeding(bool enabled)
 {
     for (const char* name : {"miSearchOpenElement", "miSearchDeleteMemo", "miSearchSelectElementInTreeView"})
-        m_context.frame.enableCommand(QString::fromLatin1(name), enabled);
+        m_frame.enableCommand(QString::fromLatin1(name), enabled);
 }
 
 void SearchPane::show()
@@ -91,7 +111,7 @@ void SearchPane::hide()
 
 void SearchPane::layoutPanes(bool showSearch)
 {
-    m_context.frame.checkCommand(u"Search"_s, showSearch);
+    m_frame.checkCommand(u"Search"_s, showSearch);
     if (m_ui.picSearch->isHidden() != showSearch)
         return;
     m_ui.picSearch->setVisible(showSearch); // the splitter remembers how high it was
@@ -105,7 +125,7 @@ void SearchPane::layoutPanes(bool showSearch)
 void SearchPane::cmdSearch_Click()
 {
     if (m_ui.txtSearchText->text().trimmed().isEmpty()) {
-        m_context.archive.questions().ask(u"Please enter text to search for"_s, MessageStyle::Information);
+        m_archive.questions().ask(u"Please enter text to search for"_s, MessageStyle::Information);
         m_ui.txtSearchText->setFocus();
         return;
     }
@@ -114,59 +134,48 @@ void SearchPane::cmdSearch_Click()
 
 bool SearchPane::isChecked(ElementKind kind) const
 {
-    const QCheckBox* box = kind == ElementKind::Memo ? m_ui.chkMemo
-        : kind == ElementKind::Bookmark              ? m_ui.chkBookmark
-                                                     : m_ui.chkToDo;
-    return box->isChecked();
+    const QCheckBox* const boxes[] = {m_ui.chkMemo, m_ui.chkBookmark, m_ui.chkToDo};
+    return boxes[size_t(kind)]->isChecked();
 }
 
 void SearchPane::Search()
 {
-    if (std::none_of(std::begin(kinds), std::end(kinds), [this](ElementKind kind) { return isChecked(kind); })) {
-        m_context.archive.questions().ask(u"Choose where you want to find your memos."_s, MessageStyle::Exclamation);
-        return;
-    }
-    LongWork work(m_context.frame, u"Searching... press Escape to stop"_s, m_patience);
-    std::vector<SearchHit> hits;
-    for (const ElementKind kind : kinds)
-        if (isChecked(kind) && !collect(kind, work, hits))
-            return;
-    showHits(std::move(hits));
-    tellEnd(work);
-}
-
-// The status says "Searching" only when it took long; then it must say that it is over.
-void SearchPane::tellEnd(const LongWork& work)
-{
-    if (work.isShown())
-        m_context.frame.setStatus(u"Search -  items: "_s + QString::number(m_model->rowCount()));
+    std::vector<ElementKind> checked;
+    std::copy_if(std::begin(elementKinds), std::end(elementKinds), std::back_inserter(checked),
+                 [this](ElementKind kind) { return isChecked(kind); });
+    if (checked.empty())
+        m_archive.questions().ask(u"Choose where you want to find your memos."_s, MessageStyle::Exclamation);
+    else
+        search(checked, false);
 }
 
 void SearchPane::SearchMemo()
 {
-    searchAlone(ElementKind::Memo, false);
+    search({ElementKind::Memo}, false);
 }
 
 void SearchPane::SearchBookmark()
 {
-    searchAlone(ElementKind::Bookmark, m_ui.chkMemo->isChecked());
+    search({ElementKind::Bookmark}, m_ui.chkMemo->isChecked());
 }
 
 void SearchPane::SearchToDo()
 {
-    searchAlone(ElementKind::ToDo, m_ui.chkMemo->isChecked() || m_ui.chkBookmark->isChecked());
+    search({ElementKind::ToDo}, m_ui.chkMemo->isChecked() || m_ui.chkBookmark->isChecked());
 }
 
-void SearchPane::searchAlone(ElementKind kind, bool keep)
+void SearchPane::search(const std::vector<ElementKind>& kinds, bool keepHits)
 {
-    LongWork work(m_context.frame, u"Searching... press Escape to stop"_s, m_patience);
+    LongWork work(m_frame, u"Searching... press Escape to stop"_s, m_patience);
     std::vector<SearchHit> hits;
-    if (keep)
+    if (keepHits)
         hits = m_model->hits();
-    if (!collect(kind, work, hits))
-        return;
+    for (const ElementKind kind : kinds)
+        if (!collect(kind, work, hits))
+            return;
     showHits(std::move(hits));
-    tellEnd(work);
+    if (work.isShown()) // the status says that it is searched; now it is over
+        m_frame.setStatus(u"Search -  items: "_s + QString::number(m_model->rowCount()));
 }
 
 // False when it failed or was stopped; the user has been told then.
@@ -174,20 +183,19 @@ bool SearchPane::collect(ElementKind kind, LongWork& work, std::vector<SearchHit
 {
     const SearchFields fields{m_ui.chkMemoName->isChecked(), m_ui.chkSnipVale->isChecked(),
                               m_ui.chkMemoNotes->isChecked()};
-    return trapErrors(m_context.archive.questions(), routineOf(kind),
-                      [&] {
-                          try {
-                              searchElements(
-                                  m_context.archive, kind, m_ui.txtSearchText->text(), fields,
-                                  [&] { return work.keepGoing(); }, hits);
-                          } catch (const jet::Error&) {
-                              if (!work.isStopped())
-                                  throw;
-                          }
-                          if (work.isStopped())
-                              m_context.frame.setStatus(u"The search was stopped"_s);
-                      }) &&
-        !work.isStopped();
+    const auto read = [&] {
+        try {
+            std::vector<SearchHit> found = searchElements(m_archive, kind, m_ui.txtSearchText->text(), fields,
+                                                          [&work] { return work.keepGoing(); });
+            hits.insert(hits.end(), std::make_move_iterator(found.begin()), std::make_move_iterator(found.end()));
+        } catch (const jet::Error&) {
+            if (!work.isStopped())
+                throw;
+        }
+        if (work.isStopped())
+            m_frame.setStatus(u"The search was stopped"_s);
+    };
+    return trapErrors(m_archive.questions(), u"Search"_s + wordsOf(kind).name, read) && !work.isStopped();
 }
 
 void SearchPane::showHits(std::vector<SearchHit> hits)
@@ -197,55 +205,42 @@ void SearchPane::showHits(std::vector<SearchHit> hits)
     m_ui.lblSearch->setText(u" Search: ("_s + QString::number(m_model->rowCount()) + u')');
 }
 
-std::vector<SearchHit> SearchPane::selectedHits() const
-{
-    std::vector<SearchHit> selected;
-    if (m_ui.picSearch->isHidden())
-        return selected;
-    QModelIndexList rows = m_ui.lvwSearch->selectionModel()->selectedRows();
-    std::sort(rows.begin(), rows.end());
-    for (const QModelIndex& row : rows)
-        selected.push_back(m_model->hitAt(row.row()));
-    return selected;
-}
-
 std::optional<SearchHit> SearchPane::selectedHit() const
 {
-    const QModelIndex current = m_ui.lvwSearch->currentIndex();
-    if (!m_ui.picSearch->isHidden() && current.isValid() && m_ui.lvwSearch->selectionModel()->isSelected(current))
-        return m_model->hitAt(current.row());
-    const std::vector<SearchHit> selected = selectedHits();
-    return selected.empty() ? std::nullopt : std::optional(selected.front());
+    const QModelIndex row = m_ui.picSearch->isHidden() ? QModelIndex() : m_ui.lvwSearch->selectedRow();
+    return row.isValid() ? std::optional(m_model->hitAt(row.row())) : std::nullopt;
 }
 
-bool SearchPane::deleteHits(ElementKind kind, const std::vector<SearchHit>& selected)
+std::vector<qint32> SearchPane::selectedIds(ElementKind kind) const
 {
+    QModelIndexList rows = m_ui.lvwSearch->selectionModel()->selectedRows();
+    std::sort(rows.begin(), rows.end());
     std::vector<qint32> ids;
-    for (const SearchHit& hit : selected)
-        if (hit.kind == kind)
-            ids.push_back(hit.id);
-    if (ids.empty())
-        return false;
-    // Each kind by its own statement: a bookmark may have the number of a memo.
-    constexpr void (*statements[])(Archive&, const QString&) = {deleteMemos, deleteBookmarks, deleteToDos};
-    statements[size_t(kind)](m_context.archive, idList(ids));
-    const QSet<qint32> deleted(ids.begin(), ids.end());
-    std::vector<SearchHit> rest = m_model->hits();
-    std::erase_if(rest, [&](const SearchHit& hit) { return hit.kind == kind && deleted.contains(hit.id); });
-    showHits(std::move(rest));
-    return true;
+    for (const QModelIndex& row : rows)
+        if (const ElementKey& key = m_model->hitAt(row.row()).key; key.kind == kind)
+            ids.push_back(key.id);
+    return ids;
 }
 
 void SearchPane::DeleteSearchMemo()
 {
-    bool anyDeleted = false;
-    trapErrors(m_context.archive.questions(), u"DeleteSearchMemo"_s, [&] {
-        const std::vector<SearchHit> selected = selectedHits();
-        if (selected.empty() || !mayDeleteElements(m_context.archive.questions()))
+    std::vector<SearchHit> rest = m_model->hits();
+    trapErrors(m_archive.questions(), u"DeleteSearchMemo"_s, [&] {
+        if (!selectedHit() || !mayDeleteElements(m_archive.questions()))
             return;
-        for (const ElementKind kind : kinds)
-            anyDeleted = deleteHits(kind, selected) || anyDeleted;
+        // Each kind by its own statement: a bookmark may have the number of a memo.
+        for (const ElementKind kind : elementKinds) {
+            const std::vector<qint32> ids = selectedIds(kind);
+            if (ids.empty())
+                continue;
+            deleteElements(m_archive, kind, idList(ids));
+            const QSet<qint32> deleted(ids.begin(), ids.end());
+            std::erase_if(rest,
+                          [&](const SearchHit& hit) { return hit.key.kind == kind && deleted.contains(hit.key.id); });
+        }
     });
-    if (anyDeleted)
-        emit elementsDeleted();
+    if (rest.size() == m_model->hits().size())
+        return;
+    m_ui.lvwSearch->refillAfterDelete([&] { showHits(std::move(rest)); });
+    emit elementsDeleted();
 }

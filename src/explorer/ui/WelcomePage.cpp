@@ -5,9 +5,8 @@
 #include "archive/Archive.h"
 #include "archive/ErrorTrap.h"
 #include "archive/SqlText.h"
-#include "explorer/DueDates.h"
-#include "explorer/Summary.h"
-#include "explorer/ui/ReportIcons.h"
+#include "explorer/Overview.h"
+#include "explorer/ui/ElementLists.h"
 #include "ui_frmSnipValeS.h"
 
 #include <QLocale>
@@ -18,9 +17,9 @@ namespace {
 
 enum Role { KeyRole = Qt::UserRole, TagRole };
 
-QString inCategories(const QString& what, qint64 count, qint64 categories)
+QString inCategories(const QString& what, const Summary::Kind& kind)
 {
-    return what + QString::number(count) + u" in "_s + QString::number(categories) + u" categories\n"_s;
+    return u"%1%2 in %3 categories\n"_s.arg(what).arg(kind.elements).arg(kind.categories);
 }
 
 } // namespace
@@ -40,10 +39,10 @@ void WelcomePage::ShowSummary()
 {
     Summary sum;
     m_ui.lblSummary->setText(u"  Elements archived  "_s);
-    trapErrors(m_archive.questions(), u"ShowSummary"_s, [&] { readSummary(m_archive, sum); });
-    m_ui.lblSummaryMemo->setText(inCategories(u"Code: "_s, sum.memos, sum.memoCategories));
-    m_ui.lblSummaryBookmark->setText(inCategories(u"Bookmarks:  "_s, sum.bookmarks, sum.bookmarkCategories));
-    m_ui.lblSummaryToDo->setText(inCategories(u"ToDo:  "_s, sum.toDos, sum.toDoCategories));
+    trapErrors(m_archive.questions(), u"ShowSummary"_s, [&] { sum = readSummary(m_archive); });
+    m_ui.lblSummaryMemo->setText(inCategories(u"Code: "_s, sum.kinds[0]));
+    m_ui.lblSummaryBookmark->setText(inCategories(u"Bookmarks:  "_s, sum.kinds[1]));
+    m_ui.lblSummaryToDo->setText(inCategories(u"ToDo:  "_s, sum.kinds[2]));
     m_ui.lblSummaryPassword->setText(u"Passwords:  "_s + QString::number(sum.passwords) + u'\n');
     m_ui.lblSummaryNote->setText(u"Notes:  "_s + QString::number(sum.notes) + u'\n');
 }
@@ -56,7 +55,7 @@ void WelcomePage::LoadTodoTree()
     root->setData(u"root"_s, TagRole);
     m_toDos.appendRow(root);
     std::vector<DueGroup> groups;
-    trapErrors(m_archive.questions(), u"LoadTodoTree"_s, [&] { readDueGroups(m_archive, groups); });
+    trapErrors(m_archive.questions(), u"LoadTodoTree"_s, [&] { groups = readDueGroups(m_archive); });
     for (const DueGroup& group : groups)
         addGroup(*root, group);
     m_ui.tvwToDo->expandAll();
@@ -71,7 +70,7 @@ void WelcomePage::addGroup(QStandardItem& root, const DueGroup& due)
     for (const DueToDo& toDo : due.toDos) {
         auto* child = new QStandardItem(toDo.name + u" ("_s +
                                         QLocale().toString(toDo.dueDate.date(), QLocale::LongFormat) + u')');
-        child->setData(QString::number(toDo.id) + u" T_ID"_s, KeyRole);
+        child->setData(ElementKey{ElementKind::ToDo, toDo.id}.text(), KeyRole);
         child->setData(QString::number(toDo.categoryID) + u" todo"_s, TagRole);
         children.append(child);
     }
@@ -84,5 +83,5 @@ void WelcomePage::tvwToDo_DblClick()
     const QModelIndex node = m_ui.tvwToDo->currentIndex();
     const QString tag = node.data(TagRole).toString();
     if (tag.endsWith("todo"_L1))
-        emit toDoChosen(QString::number(leadingNumber(tag)) + u" ID"_s, node.data(KeyRole).toString());
+        emit toDoChosen(leadingNumber(tag), leadingNumber(node.data(KeyRole).toString()));
 }

@@ -25,7 +25,7 @@ public:
 
 signals:
     // A to-do of the due-date tree was double-clicked (or Enter was pressed on it).
-    void toDoChosen(const QString& categoryKey, const QString& toDoKey);
+    void toDoChosen(qint32 categoryID, qint32 toDoID);
 
 private:
     void tvwToDo_DblClick();

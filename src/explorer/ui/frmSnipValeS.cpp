@@ -4,18 +4,15 @@
 
 #include "archive/Archive.h"
 #include "archive/ErrorTrap.h"
-#include "archive/SqlText.h"
 #include "archive/cCategory.h"
 #include "archive/ui/frmCategory.h"
 #include "desktop/Desktop.h"
 #include "desktop/FrameServices.h"
 #include "desktop/Questions.h"
-#include "explorer/ui/BookmarkPane.h"
 #include "explorer/ui/CategoryTreeModel.h"
 #include "explorer/ui/DragDrop.h"
-#include "explorer/ui/MemoPane.h"
+#include "explorer/ui/ElementPanes.h"
 #include "explorer/ui/SearchPane.h"
-#include "explorer/ui/ToDoPane.h"
 #include "explorer/ui/WelcomePage.h"
 #include "ui/widgets/Icons.h"
 #include "ui_frmSnipValeS.h"
@@ -38,7 +35,7 @@ frmSnipValeS::frmSnipValeS(const ExplorerContext& context, QWidget* parent)
     makePanes();
     makeTreeToolBar();
     wireTree();
-    const DragViews views{*m_tree, *m_ui->tvTreeView, *m_ui->lvwMemo, *m_ui->lvwBookmark, *m_ui->lvwToDo};
+    const DragViews views{*m_tree, *m_ui->tvTreeView, {m_ui->lvwMemo, m_ui->lvwBookmark, m_ui->lvwToDo}};
     m_drag = std::make_unique<DragDrop>(*this, m_context, views);
     LoadTreeView();
 }
@@ -48,14 +45,14 @@ frmSnipValeS::~frmSnipValeS() = default;
 void frmSnipValeS::makePanes()
 {
     m_welcome = new WelcomePage(*m_ui, m_context.archive, this);
-    m_memos = new MemoPane(*m_ui->lvwMemo, m_context, *this, m_sort, this);
-    m_bookmarks = new BookmarkPane(*m_ui->lvwBookmark, m_context, *this, m_sort, this);
-    m_toDos = new ToDoPane(*m_ui->lvwToDo, m_context, *this, m_sort, this);
+    m_memos = new MemoPane({*m_ui->lvwMemo, m_context, *this, m_sort, this});
+    m_bookmarks = new BookmarkPane({*m_ui->lvwBookmark, m_context, *this, m_sort, this});
+    m_toDos = new ToDoPane({*m_ui->lvwToDo, m_context, *this, m_sort, this});
     const auto pathOf = [this](qint32 categoryID) {
-        const QModelIndex node = m_tree->indexOf(QString::number(categoryID) + u" ID"_s);
+        const QModelIndex node = m_tree->indexOf(categoryID);
         return m_tree->fullPath(node).mid(m_tree->fullPath(m_tree->rootIndex()).size() + 1);
     };
-    m_search = new SearchPane(*m_ui, m_context, m_sort, pathOf, this);
+    m_search = new SearchPane(*m_ui, m_context.archive, m_context.frame, m_sort, pathOf, this);
     connect(m_welcome, &WelcomePage::toDoChosen, this, &frmSnipValeS::showToDo);
     connect(m_search, &SearchPane::openRequested, this, &frmSnipValeS::OpenSearchElement);
     connect(m_search, &SearchPane::elementsDeleted, this, &frmSnipValeS::clickSelectedNode);
@@ -71,7 +68,7 @@ void frmSnipValeS::wireTree()
             [this] { m_context.frame.runCommand(u"miCategoryModify"_s); });
     connect(view, &ExplorerTreeView::menuRequested, this, [this](const QPoint& position, bool overNode) {
         // Deleting the root is refused with a message; there is nothing of it to modify.
-        m_context.frame.enableCommand(u"miCategoryModify"_s, overNode && leadingNumber(selectedKey()) != 0);
+        m_context.frame.enableCommand(u"miCategoryModify"_s, overNode && selectedCategory() != 0);
         m_context.frame.enableCommand(u"miCategoryDelete"_s, overNode);
         m_context.frame.popupMenu(u"mnuCategory"_s, position);
     });
@@ -97,23 +94,21 @@ void frmSnipValeS::makeTreeToolBar()
 
 void frmSnipValeS::LoadTreeView()
 {
-    std::vector<CategoryRow> rows;
-    for (ElementPane* pane : {static_cast<ElementPane*>(m_memos), static_cast<ElementPane*>(m_bookmarks),
-                              static_cast<ElementPane*>(m_toDos)})
-        pane->clear();
-    qint64 hidden = 0;
-    const bool read = trapErrors(m_context.archive.questions(), u"LoadTreeView"_s,
-                                 [&] { hidden = readCategories(m_context.archive, rows); });
-    m_tree->setRows(rows);
+    for (const ElementKind kind : elementKinds)
+        paneOf(kind).clear();
+    CategoryRows rows;
+    const bool read =
+        trapErrors(m_context.archive.questions(), u"LoadTreeView"_s, [&] { rows = readCategories(m_context.archive); });
+    m_tree->setRows(rows.reached);
     m_ui->tvTreeView->expand(m_tree->rootIndex());
     m_ui->tvTreeView->selectSilently(m_tree->rootIndex());
     if (!read)
         return;
     tvTreeView_NodeClick(m_tree->rootIndex());
-    if (std::exchange(m_hiddenCategories, hidden) == hidden || hidden <= 0)
+    if (std::exchange(m_hiddenCategories, rows.hidden) == rows.hidden || rows.hidden <= 0)
         return; // said once is enough
     m_context.archive.questions().ask(
-        QString::number(hidden) +
+        QString::number(rows.hidden) +
             u" categories of this archive cannot be shown in the tree: the category above them is "
             "missing, or they lie below themselves. The search still finds what is in them."_s,
         MessageStyle::Exclamation);
@@ -121,96 +116,55 @@ void frmSnipValeS::LoadTreeView()
 
 void frmSnipValeS::tvTreeView_NodeClick(const QModelIndex& node)
 {
-    const QString tag = node.data(CategoryTreeModel::TagRole).toString();
-    cCategory& current = m_context.category;
-    current.CategoryID = leadingNumber(node.data(CategoryTreeModel::KeyRole).toString());
-    current.CategoryParentID = leadingNumber(node.parent().data(CategoryTreeModel::KeyRole).toString());
+    const CategoryNode category = *m_tree->category(node);
+    const CategoryNode* parent = m_tree->category(node.parent());
+    m_context.category.CategoryID = category.id;
+    m_context.category.CategoryParentID = parent ? parent->id : 0;
     m_tree->setSelected(node);
     const QString path = m_tree->fullPath(node);
-    if (tag == "root"_L1) {
+    m_ui->lblFolderName->setToolTip(path);
+    if (category.id == 0) {
         ShowSection(u"Welcome"_s);
         m_ui->lblFolderName->setText(u" Memo"_s);
-    } else if (tag == "bookmark"_L1) {
-        ShowSection(u"Bookmark"_s);
-        m_bookmarks->MakeLvwBookmarkColumns();
-        m_bookmarks->MakeLvwBookmarkContents();
-        m_ui->lblFolderName->setText(u" Bookmark - "_s + path);
-    } else if (tag == "todo"_L1) {
-        ShowSection(u"ToDo"_s);
-        m_toDos->MakeLvwToDoColumns();
-        m_toDos->MakeLvwToDoContents();
-        m_ui->lblFolderName->setText(u" ToDo - "_s + path + u' ');
     } else {
-        ShowSection(u"Memo"_s);
-        m_memos->MakeLvwMemoColumns();
-        m_memos->MakeLvwMemoContents();
-        m_ui->lblFolderName->setText(u" Memo - "_s + path + u' ');
+        const QString& name = wordsOf(category.kind).name;
+        ShowSection(name);
+        paneOf(category.kind).makeColumns();
+        paneOf(category.kind).makeContents();
+        const QString end = category.kind == ElementKind::Bookmark ? QString() : u" "_s;
+        m_ui->lblFolderName->setText(u" %1 - %2%3"_s.arg(name, path, end));
     }
-    m_ui->lblFolderName->setToolTip(path);
-    enableFor(tag);
-}
-
-// The commands of the menus, after those of the tool bar were set for the section.
-void frmSnipValeS::enableFor(const QString& tag)
-{
-    const auto enable = [this](bool enabled, std::initializer_list<const char*> commands) {
-        for (const char* command : commands)
-            m_context.frame.enableCommand(QString::fromLatin1(command), enabled);
-    };
-    enable(true, {"miCategoryNew"});
-    if (tag == "root"_L1) {
-        enable(false,
-               {"miCategoryModify", "miCategoryDelete", "miMemoNew", "miBookmarkNew", "miMemoModify", "miMemoDelete"});
-        return;
-    }
-    enable(true, {"miCategoryModify", "miCategoryDelete"});
-    enable(tag == "category"_L1, {"miMemoNew"});
-    enable(tag == "bookmark"_L1, {"miBookmarkNew"});
-    if (tag == "todo"_L1)
-        enable(true, {"miToDoNew"});
+    m_context.frame.enableCommand(u"miCategoryNew"_s, true);
+    m_context.frame.enableCommand(u"miCategoryModify"_s, category.id != 0);
+    m_context.frame.enableCommand(u"miCategoryDelete"_s, category.id != 0);
 }
 
 void frmSnipValeS::ShowSection(const QString& section)
 {
-    struct Section {
-        const char16_t* name;
-        QWidget* page;
-        ElementPane* pane;
-    };
-    const Section sections[] = {{u"Memo", m_ui->lvwMemo, m_memos},
-                                {u"Bookmark", m_ui->picBookmark, m_bookmarks},
-                                {u"ToDo", m_ui->picToDo, m_toDos},
-                                {u"Welcome", m_ui->picWelcome, nullptr}};
-    for (const Section& s : sections) {
-        const bool isShown = section == QStringView(s.name);
+    for (const ElementKind kind : elementKinds) {
+        const QString& name = wordsOf(kind).name;
+        const bool isShown = section == name;
         if (isShown)
-            m_ui->stkSections->setCurrentWidget(s.page);
-        if (!s.pane)
-            continue;
-        s.pane->setInFront(isShown);
-        m_context.frame.enableCommand(u"mi%1New"_s.arg(QStringView(s.name)), isShown);
-        m_context.frame.enableCommand(u"mi%1Delete"_s.arg(QStringView(s.name)), isShown);
+            m_ui->stkSections->setCurrentWidget(pageOf(kind));
+        paneOf(kind).setInFront(isShown);
+        m_context.frame.enableCommand(u"mi%1New"_s.arg(name), isShown);
+        m_context.frame.enableCommand(u"mi%1Delete"_s.arg(name), isShown);
     }
     if (section != "Welcome"_L1)
         return;
+    m_ui->stkSections->setCurrentWidget(m_ui->picWelcome);
     m_welcome->ShowSummary();
     m_welcome->LoadTodoTree();
 }
 
 void frmSnipValeS::cameToFront()
 {
-    const QWidget* shown = m_ui->stkSections->currentWidget();
-    if (shown == m_ui->lvwMemo)
-        m_memos->UpdateStatusBar();
-    else if (shown == m_ui->picBookmark)
-        m_bookmarks->UpdateStatusBar();
-    else if (shown == m_ui->picToDo)
-        m_toDos->UpdateStatusBar();
-    else {
-        m_welcome->ShowSummary();
-        m_welcome->LoadTodoTree();
-        m_context.frame.setStatus(u"SnipVale"_s);
-    }
+    for (const ElementKind kind : elementKinds)
+        if (m_ui->stkSections->currentWidget() == pageOf(kind))
+            return paneOf(kind).UpdateStatusBar();
+    m_welcome->ShowSummary();
+    m_welcome->LoadTodoTree();
+    m_context.frame.setStatus(u"SnipVale"_s);
 }
 
 void frmSnipValeS::CategoryExpandAll(bool expand)
@@ -232,14 +186,14 @@ void frmSnipValeS::showCategory(const QModelIndex& node)
     tvTreeView_NodeClick(node);
 }
 
-void frmSnipValeS::showToDo(const QString& categoryKey, const QString& toDoKey)
+void frmSnipValeS::showToDo(qint32 categoryID, qint32 toDoID)
 {
-    const QModelIndex node = m_tree->indexOf(categoryKey);
+    const QModelIndex node = m_tree->indexOf(categoryID);
     if (!node.isValid())
         return;
     showCategory(node);
     ShowSection(u"ToDo"_s);
-    m_toDos->selectKey(toDoKey);
+    m_toDos->select(toDoID);
 }
 
 ElementPane& frmSnipValeS::paneOf(ElementKind kind) const
@@ -248,16 +202,22 @@ ElementPane& frmSnipValeS::paneOf(ElementKind kind) const
     return *panes[size_t(kind)];
 }
 
+QWidget* frmSnipValeS::pageOf(ElementKind kind) const
+{
+    QWidget* const pages[] = {m_ui->lvwMemo, m_ui->picBookmark, m_ui->picToDo};
+    return pages[size_t(kind)];
+}
+
 bool frmSnipValeS::SelectElementInTreeView()
 {
     const std::optional<SearchHit> hit = m_search->selectedHit();
     return hit && trapErrors(m_context.archive.questions(), u"SelectElementInTreeView"_s, [&] {
-               const QModelIndex node = m_tree->indexOf(QString::number(hit->categoryID) + u" ID"_s);
+               const QModelIndex node = m_tree->indexOf(hit->categoryID);
                if (!node.isValid())
                    throw std::runtime_error("The category is no longer in the tree.");
                showCategory(node);
-               ShowSection(wordsOf(hit->kind).name);
-               paneOf(hit->kind).selectKey(ElementKey{hit->kind, hit->id}.text());
+               ShowSection(wordsOf(hit->key.kind).name);
+               paneOf(hit->key.kind).select(hit->key.id);
            });
 }
 
@@ -267,7 +227,7 @@ void frmSnipValeS::OpenSearchElement()
     if (!hit)
         m_context.archive.questions().ask(u"Error: Nothing is selected"_s, MessageStyle::Critical);
     else if (SelectElementInTreeView())
-        paneOf(hit->kind).openElement(hit->id);
+        paneOf(hit->key.kind).openElement(hit->key.id);
 }
 
 void frmSnipValeS::NewCategory()
@@ -278,13 +238,13 @@ void frmSnipValeS::NewCategory()
 
 void frmSnipValeS::ModifyCategory()
 {
-    const QString key = selectedKey();
-    if (key.isEmpty()) {
+    const CategoryNode* node = selectedNode();
+    if (!node) {
         m_context.archive.questions().ask(u"Alert: select a folder!"_s, MessageStyle::Information);
         return;
     }
     m_context.category.EditingMode = -1;
-    m_context.category.CategoryID = leadingNumber(key);
+    m_context.category.CategoryID = node->id;
     editCategory();
 }
 
@@ -297,51 +257,46 @@ void frmSnipValeS::editCategory()
 
 void frmSnipValeS::DeleteCategory()
 {
-    const QModelIndex node = m_ui->tvTreeView->currentIndex();
-    if (!node.isValid())
+    const CategoryNode* node = selectedNode();
+    if (!node)
         return;
     trapErrors(m_context.archive.questions(), u"DeleteCategory"_s, [&] {
         Questions& questions = m_context.archive.questions();
-        const QString key = selectedKey();
-        if (leadingNumber(key) == 0) {
+        if (node->id == 0) {
             questions.ask(u"You cannot delete Root Code"_s, MessageStyle::Exclamation);
             return;
         }
-        const QString text = u"Are you sure you want to delete selected categories '"_s + m_tree->fullPath(node) +
+        const QString text = u"Are you sure you want to delete selected categories '"_s +
+            m_tree->fullPath(m_ui->tvTreeView->currentIndex()) +
             u"' ? \r\nATTENTION: this will delete all elements too!"_s;
         if (questions.ask(text, MessageStyle::YesNoDefaultNo, u"Deleting "_s) != Answer::Yes)
             return;
         cCategory& category = m_context.category;
-        category.CategoryIDsPath = QString::number(leadingNumber(key));
-        category.TraverseTree(*this, key);
+        category.CategoryIDsPath = QString::number(node->id);
+        category.TraverseTree(*this, node->key());
         category.Delete(category.CategoryIDsPath);
         LoadTreeView();
     });
 }
 
-QString frmSnipValeS::selectedKey() const
+const CategoryNode* frmSnipValeS::selectedNode() const
 {
-    return m_ui->tvTreeView->currentIndex().data(CategoryTreeModel::KeyRole).toString();
+    return m_tree->category(m_ui->tvTreeView->currentIndex());
 }
 
-QString frmSnipValeS::selectedTag() const
+std::vector<qint32> frmSnipValeS::childrenOf(qint32 categoryID) const
 {
-    return m_ui->tvTreeView->currentIndex().data(CategoryTreeModel::TagRole).toString();
+    return m_tree->childrenOf(categoryID);
 }
 
-QStringList frmSnipValeS::childKeys(const QString& key) const
+void frmSnipValeS::renameNode(qint32 categoryID, const QString& text)
 {
-    return m_tree->childKeys(key);
+    m_tree->rename(categoryID, text);
 }
 
-void frmSnipValeS::renameNode(const QString& key, const QString& text)
+void frmSnipValeS::addNode(qint32 parentID, const CategoryNode& node)
 {
-    m_tree->rename(key, text);
-}
-
-void frmSnipValeS::addNode(const QString& parentKey, const CategoryNode& node)
-{
-    const QModelIndex added = m_tree->add(parentKey, node);
+    const QModelIndex added = m_tree->add(parentID, node);
     if (added.isValid())
         m_ui->tvTreeView->selectSilently(added);
 }
@@ -354,11 +309,12 @@ void frmSnipValeS::clickSelectedNode()
 
 qint32 frmSnipValeS::selectedCategory() const
 {
-    return leadingNumber(selectedKey());
+    const CategoryNode* node = selectedNode();
+    return node ? node->id : 0;
 }
 
 void frmSnipValeS::elementSaved(const ElementKey& key)
 {
     clickSelectedNode();
-    paneOf(key.kind).selectKey(key.text());
+    paneOf(key.kind).select(key.id);
 }

@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "archive/Element.h"
 #include "archive/cCategory.h"
-#include "explorer/ui/ElementListView.h"
-#include "explorer/ui/ExplorerContext.h"
+#include "explorer/ui/ElementPane.h"
+#include "ui/widgets/ListView.h"
 
 #include <QWidget>
 #include <memory>
@@ -13,7 +12,6 @@
 class BookmarkPane;
 class CategoryTreeModel;
 class DragDrop;
-class ElementPane;
 class MemoPane;
 class SearchPane;
 class ToDoPane;
@@ -48,11 +46,10 @@ public:
     void OpenSearchElement(); // the same, and then opens it
 
     // CategoryTree
-    QString selectedKey() const override;
-    QString selectedTag() const override;
-    QStringList childKeys(const QString& key) const override;
-    void renameNode(const QString& key, const QString& text) override;
-    void addNode(const QString& parentKey, const CategoryNode& node) override;
+    const CategoryNode* selectedNode() const override;
+    std::vector<qint32> childrenOf(qint32 categoryID) const override;
+    void renameNode(qint32 categoryID, const QString& text) override;
+    void addNode(qint32 parentID, const CategoryNode& node) override;
     void clickSelectedNode() override;
     // ElementListener
     qint32 selectedCategory() const override;
@@ -61,13 +58,13 @@ public:
 private:
     void wireTree();
     void makeTreeToolBar();
-    void enableFor(const QString& tag);
     void goHome();
-    void showToDo(const QString& categoryKey, const QString& toDoKey);
+    void showToDo(qint32 categoryID, qint32 toDoID);
     void editCategory();
     void makePanes();
     void showCategory(const QModelIndex& node);
     ElementPane& paneOf(ElementKind kind) const;
+    QWidget* pageOf(ElementKind kind) const;
 
     std::unique_ptr<Ui::frmSnipValeS> m_ui;
     ExplorerContext m_context;

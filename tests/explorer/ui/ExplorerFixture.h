@@ -7,6 +7,9 @@
 #include "archive/Element.h"
 #include "archive/cCategory.h"
 #include "explorer/ui/CategoryTreeModel.h"
+#include "explorer/ui/DropHover.h"
+#include "explorer/ui/ElementPanes.h"
+#include "explorer/ui/ExplorerTreeView.h"
 #include "explorer/ui/frmSnipValeS.h"
 #include "memo/cBookmark.h"
 #include "memo/cMemo.h"
@@ -16,9 +19,22 @@
 #include <QStackedWidget>
 #include <QtTest>
 
-// An explorer over an archive with the categories 1 Code, 2 Bookmarks, 3 ToDo.
+// The number of the category of a kind in a new archive: 1 Code, 2 Bookmarks, 3 ToDo.
+inline int categoryOf(ElementKind kind)
+{
+    return int(kind) + 1;
+}
+
+inline QString keyOf(ElementKind kind, int id)
+{
+    return ElementKey{kind, id}.text();
+}
+
+// An explorer over an archive that holds what `fill` put there, by default nothing but its first categories.
 struct Explorer : UiFixture {
-    Explorer() : window({archive, desktop, frame, filter, memo, bookmark, category}, nullptr)
+    explicit Explorer(const std::function<void(Explorer&)>& fill = {})
+        : filled(fill && (fill(*this), true)),
+          window({archive, desktop, frame, filter, memo, bookmark, category}, nullptr)
     {
         window.resize(1000, 600);
         window.show();
@@ -30,32 +46,45 @@ struct Explorer : UiFixture {
     {
         return *window.findChild<Widget*>(QString::fromLatin1(name));
     }
-    QTreeView& tree() { return find<QTreeView>("tvTreeView"); }
-    ElementListView& list(const char* name = "lvwMemo") { return find<ElementListView>(name); }
+    ExplorerTreeView& tree() { return find<ExplorerTreeView>("tvTreeView"); }
+    CategoryTreeModel& model() { return *static_cast<CategoryTreeModel*>(tree().model()); }
+    ListView& list(ElementKind kind = ElementKind::Memo)
+    {
+        return find<ListView>(("lvw" + wordsOf(kind).name.toLatin1()).constData());
+    }
+    ElementPane& pane(ElementKind kind)
+    {
+        ElementPane* const panes[] = {&window.memos(), &window.bookmarks(), &window.toDos()};
+        return *panes[size_t(kind)];
+    }
     QString label(const char* name) { return find<QLabel>(name).text(); }
     QString section() { return window.findChild<QStackedWidget*>()->currentWidget()->objectName(); }
-    QModelIndex node(const QString& key) { return static_cast<CategoryTreeModel*>(tree().model())->indexOf(key); }
-    bool enabled(const char* command) { return frame.enabledCommands.value(QString::fromLatin1(command)); }
+    bool enabled(const QString& command) { return frame.enabledCommands.value(command); }
+    int selected() { return window.selectedNode()->id; }
 
-    void click(const QString& key)
+    QModelIndex node(int id) { return model().indexOf(id); }
+    QPoint nodeAt(int id) { return tree().visualRect(node(id)).center(); } // in the tree's viewport
+    void click(int id)
     {
         tree().expandAll();
-        QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, tree().visualRect(node(key)).center());
+        QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, nodeAt(id));
     }
-    void clickHeader(const char* name, int column)
+    void click(ElementKind kind) { click(categoryOf(kind)); }
+    static void clickHeader(ListView& view, int column)
     {
-        QHeaderView* bar = list(name).header();
+        QHeaderView* bar = view.header();
         QTest::mouseClick(bar->viewport(), Qt::LeftButton, {}, QPoint(bar->sectionViewportPosition(column) + 12, 8));
     }
-    QPoint cellOf(ElementListView& view, int row, int column = 0)
+    static QPoint cellAt(ListView& view, int row, int column = 0)
     {
         return view.visualRect(view.model()->index(row, column)).center();
     }
-    QStringList texts(const char* name, int column = 0)
+    static QPoint below(ListView& view) { return {100, view.viewport()->height() - 8}; } // empty space
+    static QStringList texts(ListView& view, int column = -1)
     {
         QStringList found;
-        for (int row = 0; row < list(name).model()->rowCount(); ++row)
-            found.append(list(name).model()->index(row, column).data().toString());
+        for (int row = 0; row < view.model()->rowCount(); ++row)
+            found.append(view.model()->index(row, column < 0 ? view.nameColumn() : column).data().toString());
         return found;
     }
 
@@ -65,26 +94,90 @@ struct Explorer : UiFixture {
         unit.Execute(sql);
         statements.removeLast();
     }
-    void addMemo(const QString& name)
+    void addCategory(int id, int parent, int type, const QString& name)
     {
-        run(QStringLiteral("INSERT INTO tab_memo (categoryID, memoTypeID, memoName, dateIn) VALUES (1, 3, '%1', "
-                           "'2026-3-4 9:5:0')")
+        run(QStringLiteral("INSERT INTO tab_category (categoryID, parentID, type, name) VALUES (%1, %2, %3, '%4')")
+                .arg(id)
+                .arg(parent)
+                .arg(type)
                 .arg(name));
     }
-    void addBookmark(const QString& name, const QString& url = {})
+    // Elements of a kind in its first category; bookmarks have a link, to-dos the priority "Low".
+    void add(ElementKind kind, const QStringList& names)
     {
-        run(QStringLiteral("INSERT INTO tab_bookmark (categoryID, name, url) VALUES (2, '%1', '%2')").arg(name, url));
+        const char* const columns[] = {"memoTypeID, memoName", "url, name", "priority, name"};
+        const char* const values[] = {"3", "'https://example.org/'", "2"};
+        for (const QString& name : names)
+            run(QStringLiteral("INSERT INTO %1 (categoryID, %2) VALUES (%3, %4, '%5')")
+                    .arg(wordsOf(kind).table, QLatin1String(columns[size_t(kind)]))
+                    .arg(categoryOf(kind))
+                    .arg(QLatin1String(values[size_t(kind)]), name));
     }
-    void addToDo(const QString& name, int priority = 0)
-    {
-        run(QStringLiteral("INSERT INTO tab_todo (categoryID, name, priority) VALUES (3, '%1', %2)")
-                .arg(name)
-                .arg(priority));
-    }
+    // From here on the archive cannot be opened.
+    void loseArchive() { archive.setPath(scratch.path(QStringLiteral("gone.SVA"))); }
 
     cViewFilter filter;
     cMemo memo{archive};
     cBookmark bookmark{archive};
     cCategory category{archive};
+    bool filled; // before the explorer reads it
     frmSnipValeS window;
+};
+
+// An explorer to drag in. The tree, all of it expanded:
+//   0 Code Root
+//     2 Bookmarks > 20 links
+//     1 Code > 10 inner > 11 innermost
+//     3 ToDo > 30 later
+// Category 1 holds the memos 1 to 5, 2 the bookmarks 1 to 3, 3 the to-dos 1 to 3.
+struct DragExplorer : Explorer {
+    DragExplorer() : Explorer(fill)
+    {
+        QCoreApplication::processEvents(); // lays it out
+        tree().expandAll();
+    }
+
+    DropHover& hover() { return *tree().findChild<DropHover*>(); }
+    void show(int id)
+    {
+        tree().selectSilently(node(id));
+        window.clickSelectedNode();
+    }
+    static void select(ListView& list, int first, int last)
+    {
+        const QAbstractItemModel& model = *list.model();
+        list.selectionModel()->select(QItemSelection(model.index(first, 0), model.index(last, 0)),
+                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    }
+
+    // "1 2 3": the elements of a category
+    QString filedIn(int categoryID, ElementKind kind = ElementKind::Memo)
+    {
+        QStringList ids;
+        jet::Connection connection;
+        connection.Open(archive.ConnectionString());
+        const QString sql = QStringLiteral("SELECT %2 FROM %1 WHERE categoryID = %3 ORDER BY %2");
+        jet::Recordset rows =
+            connection.OpenRecordset(sql.arg(wordsOf(kind).table, wordsOf(kind).keyColumn).arg(categoryID));
+        for (; !rows.eof(); rows.moveNext())
+            ids.append(rows.text(0));
+        return ids.join(u' ');
+    }
+    QString parentOf(int id)
+    {
+        return value(QStringLiteral("SELECT parentID FROM tab_category WHERE categoryID = %1").arg(id));
+    }
+
+private:
+    static void fill(Explorer& e)
+    {
+        e.addCategory(20, 2, 1, QStringLiteral("links"));
+        e.addCategory(10, 1, 0, QStringLiteral("inner"));
+        e.addCategory(11, 10, 0, QStringLiteral("innermost"));
+        e.addCategory(30, 3, 2, QStringLiteral("later"));
+        const QStringList names = {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
+        e.add(ElementKind::Memo, names + QStringList{QStringLiteral("d"), QStringLiteral("e")});
+        e.add(ElementKind::Bookmark, names);
+        e.add(ElementKind::ToDo, names);
+    }
 };

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "explorer/ui/DragFixture.h"
+#include "explorer/ui/ExplorerFixture.h"
 #include "support/Registry.h"
 
 #include "explorer/ui/DragDrop.h"
@@ -72,7 +72,6 @@ void pullTo(DragExplorer& e, QAbstractItemView& view, const QPoint& from, int ca
 class tst_DragDrop : public QObject {
     Q_OBJECT
 private slots:
-    void elementsMove_data();
     void elementsMove();
     void aSelectionIsDraggedAsAWhole();
     void elementsAreRefused();
@@ -81,75 +80,55 @@ private slots:
     void theTopIsDragged();
     void hovering();
     void scrollingAtTheEdges();
-    void cancelled();
-    void outsideAnyNode();
+    void draggedToNowhere();
     void foreignDragsAreIgnored();
     void clicksAreStillClicks();
     void failures();
 };
 
-void tst_DragDrop::elementsMove_data()
-{
-    QTest::addColumn<QByteArray>("list");
-    QTest::addColumn<QString>("table");
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<int>("from");
-    QTest::addColumn<int>("to");
-    QTest::addColumn<QString>("dragging");
-    QTest::addColumn<QString>("count");
-    QTest::newRow("memos") << QByteArray("lvwMemo") << u"tab_memo"_s << u"memoID"_s << 1 << 11
-                           << u"Dragging memo elements ..."_s << u"Memo -  items: 3"_s;
-    QTest::newRow("bookmarks") << QByteArray("lvwBookmark") << u"tab_bookmark"_s << u"bookmarkID"_s << 2 << 20
-                               << u"Dragging bookmark elements ..."_s << u"Bookmark -  items: 1"_s;
-    QTest::newRow("to-dos") << QByteArray("lvwToDo") << u"tab_todo"_s << u"todoID"_s << 3 << 30
-                            << u"Dragging ToDo elements ..."_s << u"ToDo -  items: 1"_s;
-}
-
 void tst_DragDrop::elementsMove()
 {
-    QFETCH(QByteArray, list);
-    QFETCH(QString, table);
-    QFETCH(QString, key);
-    QFETCH(int, from);
-    QFETCH(int, to);
+    const QString dragging[] = {u"Dragging memo elements ..."_s, u"Dragging bookmark elements ..."_s,
+                                u"Dragging ToDo elements ..."_s};
+    const QString counts[] = {u"Memo -  items: 3"_s, u"Bookmark -  items: 1"_s, u"ToDo -  items: 1"_s};
     DragExplorer e;
-    ElementListView& view = e.list(list.constData());
-    e.show(from);
-    const QString section = e.section();
-    e.select(view, 1, 2);
-    QString during;
-    pull(e, view, e.rowAt(view, 2), [&](const QMimeData& data) {
-        during = e.frame.status;
-        QCOMPARE(over(*e.tree().viewport(), e.nodeAt(to), data), Qt::MoveAction);
-        QCOMPARE(e.hover().marked(), e.node(to));
-        QCOMPARE(e.section(), section);
-        drop(*e.tree().viewport(), e.nodeAt(to), data);
-    });
-    QTEST(during, "dragging");
-    QCOMPARE(e.filedIn(table, key, to), u"2 3"_s);
-    QCOMPARE(view.model()->rowCount(), e.filedIn(table, key, from).split(u' ').size());
-    QTEST(e.frame.status, "count");
-    QCOMPARE(e.window.selectedKey(), QString::number(from) + u" ID"_s);
-    QVERIFY(!e.hover().marked().isValid());
+    for (const ElementKind kind : elementKinds) {
+        const int from = categoryOf(kind);
+        const int to = from * 10;
+        ListView& view = e.list(kind);
+        e.show(from);
+        e.select(view, 1, 2);
+        pull(e, view, e.cellAt(view, 2), [&](const QMimeData& data) {
+            QCOMPARE(e.frame.status, dragging[size_t(kind)]);
+            QCOMPARE(over(*e.tree().viewport(), e.nodeAt(to), data), Qt::MoveAction);
+            QCOMPARE(e.hover().marked(), e.node(to));
+            drop(*e.tree().viewport(), e.nodeAt(to), data);
+        });
+        QCOMPARE(e.filedIn(to, kind), u"2 3"_s);
+        QCOMPARE(e.texts(view).size(), kind == ElementKind::Memo ? 3 : 1);
+        QCOMPARE(e.frame.status, counts[size_t(kind)]);
+        QCOMPARE(e.selected(), from);
+        QVERIFY(!e.hover().marked().isValid());
+    }
 }
 
 // The press and the moves before the drag leave a selection of several as it is; a press on another item drags that.
 void tst_DragDrop::aSelectionIsDraggedAsAWhole()
 {
     DragExplorer e;
-    ElementListView& list = e.list("lvwMemo");
+    ListView& list = e.list();
     e.show(1);
     e.select(list, 0, 2);
-    pull(e, list, e.rowAt(list, 1), [&](const QMimeData&) { QCOMPARE(list.selectedKeys().size(), 3); });
+    pull(e, list, e.cellAt(list, 1), [&](const QMimeData&) { QCOMPARE(list.selectedKeys().size(), 3); });
     QCOMPARE(list.selectedKeys().size(), 3); // nor does a drag to nowhere
-    pullTo(e, list, e.rowAt(list, 4), 10);
-    QCOMPARE(e.memosIn(10), u"5"_s);
+    pullTo(e, list, e.cellAt(list, 4), 10);
+    QCOMPARE(e.filedIn(10), u"5"_s);
 }
 
 void tst_DragDrop::elementsAreRefused()
 {
     DragExplorer e;
-    ElementListView& list = e.list("lvwMemo");
+    ListView& list = e.list();
     e.show(1);
     e.select(list, 1, 2);
     e.statements.clear();
@@ -160,7 +139,7 @@ void tst_DragDrop::elementsAreRefused()
     for (const auto& [id, text] : refusals) {
         const int category = id;
         e.questions.expect(text);
-        pull(e, list, e.rowAt(list, 1), [&](const QMimeData& data) {
+        pull(e, list, e.cellAt(list, 1), [&](const QMimeData& data) {
             QWidget& viewport = *e.tree().viewport();
             QCOMPARE(over(viewport, e.nodeAt(category), data), Qt::LinkAction); // the pointer forbids
             drop(viewport, e.nodeAt(category), data);
@@ -185,7 +164,7 @@ void tst_DragDrop::categoriesMove()
     });
     QCOMPARE(e.parentOf(10), u"30"_s);
     QCOMPARE(e.model().fullPath(e.node(11)), u"Code Root\\ToDo\\later\\inner\\innermost"_s);
-    QCOMPARE(e.window.selectedKey(), u"10 ID"_s);
+    QCOMPARE(e.selected(), 10);
     QCOMPARE(e.section(), u"lvwMemo"_s); // it kept its kind
     QCOMPARE(e.frame.status, u"Memo - items: 0"_s);
     QVERIFY(e.tree().viewport()->rect().contains(e.nodeAt(10)));
@@ -209,7 +188,7 @@ void tst_DragDrop::categoriesAreRefused()
         e.questions.expect(text);
         pullTo(e, e.tree(), e.nodeAt(1), category);
         QCOMPARE(e.questions.asked.takeLast().style, MessageStyle::Exclamation);
-        QCOMPARE(e.window.selectedKey(), u"3 ID"_s); // the shown one, not the pressed one
+        QCOMPARE(e.selected(), 3); // the shown one, not the pressed one
     }
     QCOMPARE(e.parentOf(1), u"0"_s);
     QVERIFY(e.statements.filter(u"UPDATE"_s).isEmpty());
@@ -218,7 +197,7 @@ void tst_DragDrop::categoriesAreRefused()
 void tst_DragDrop::theTopIsDragged()
 {
     DragExplorer e;
-    ElementListView& list = e.list("lvwMemo");
+    ListView& list = e.list();
     e.show(1);
     const auto dragTop = [&](int category) {
         pull(e, e.tree(), e.nodeAt(0), [&](const QMimeData& data) {
@@ -229,13 +208,13 @@ void tst_DragDrop::theTopIsDragged()
     };
     e.questions.expect(u"Drop not allowed here.\r\nMoving into a memo folder you must select a memo item."_s);
     dragTop(10); // nothing was dragged before
-    pullTo(e, list, e.rowAt(list, 0), 10);
+    pullTo(e, list, e.cellAt(list, 0), 10);
     e.questions.expect(u"Drop not allowed here\r\nMoving into a ToDo folder you must select a ToDo item."_s);
     dragTop(3);
     e.show(1);
     e.select(list, 0, 3);
     dragTop(11); // it is no memo, and takes none along
-    QCOMPARE(e.memosIn(11), QString());
+    QCOMPARE(e.filedIn(11), QString());
     pullTo(e, e.tree(), e.nodeAt(11), 1);
     e.questions.expect(u"You Cannot move Root element!"_s);
     dragTop(10);
@@ -247,9 +226,9 @@ void tst_DragDrop::hovering()
     DragExplorer e;
     e.tree().collapseAll();
     e.tree().expand(e.node(0));
-    ElementListView& list = e.list("lvwMemo");
+    ListView& list = e.list();
     e.show(1);
-    pull(e, list, e.rowAt(list, 0), [&](const QMimeData& data) {
+    pull(e, list, e.cellAt(list, 0), [&](const QMimeData& data) {
         QWidget& viewport = *e.tree().viewport();
         for (const int id : {1, 10, 2}) {
             const QPixmap before = viewport.grab();
@@ -261,7 +240,7 @@ void tst_DragDrop::hovering()
         QDragLeaveEvent leave;
         QApplication::sendEvent(&viewport, &leave);
         QVERIFY(!e.hover().marked().isValid());
-        QCOMPARE(e.window.selectedKey(), u"1 ID"_s);
+        QCOMPARE(e.selected(), 1);
         QCOMPARE(e.section(), u"lvwMemo"_s);
     });
 }
@@ -269,23 +248,18 @@ void tst_DragDrop::hovering()
 void tst_DragDrop::scrollingAtTheEdges()
 {
     DragExplorer e;
-    {
-        ArchiveUnit unit(e.archive);
-        for (int id = 100; id < 160; ++id)
-            unit.Execute(
-                u"INSERT INTO tab_category (categoryID, parentID, type, name) VALUES (%1, %2, 0, 'c%1')"_s.arg(id).arg(
-                    id % 2 ? id - 1 : 1));
-    }
+    for (int id = 100; id < 160; ++id)
+        e.addCategory(id, id % 2 ? id - 1 : 1, 0, u"c%1"_s.arg(id));
     e.window.LoadTreeView();
     e.show(1);
     e.tree().expand(e.node(1));
     e.tree().scrollToTop();
     QScrollBar& bar = *e.tree().verticalScrollBar();
     QWidget& viewport = *e.tree().viewport();
-    ElementListView& list = e.list("lvwMemo");
+    ListView& list = e.list();
     const int row = e.tree().visualRect(e.node(0)).height();
     const QPoint bottom(60, viewport.height() / row * row - 2); // in the last row that is seen whole
-    pull(e, list, e.rowAt(list, 0), [&](const QMimeData& data) {
+    pull(e, list, e.cellAt(list, 0), [&](const QMimeData& data) {
         over(viewport, bottom, data);
         QVERIFY(!e.tree().isExpanded(e.tree().indexAt(bottom))); // scrolling must not open what it passes
         QTRY_COMPARE(bar.value(), bar.maximum());
@@ -300,55 +274,45 @@ void tst_DragDrop::scrollingAtTheEdges()
         QCOMPARE(bar.value(), value);
         drop(viewport, e.nodeAt(158), data);
     });
-    QCOMPARE(e.memosIn(158), u"1"_s);
+    QCOMPARE(e.filedIn(158), u"1"_s);
 }
 
-void tst_DragDrop::cancelled()
+void tst_DragDrop::draggedToNowhere()
 {
     DragExplorer e;
-    ElementListView& list = e.list("lvwMemo");
+    ListView& list = e.list();
     e.show(1);
     e.select(list, 0, 1);
     const auto hover = [&](const QMimeData& data) { over(*e.tree().viewport(), e.nodeAt(10), data); };
-    pull(e, list, e.rowAt(list, 0), hover);
+    pull(e, list, e.cellAt(list, 0), hover); // cancelled
     QCOMPARE(e.frame.status, u"Memo -  items: 5"_s);
     QCOMPARE(list.selectedKeys().size(), 2);
     pull(e, e.tree(), e.nodeAt(30), hover);
     QCOMPARE(e.frame.status, u"Memo - items: 5"_s);
-    QCOMPARE(e.window.selectedKey(), u"1 ID"_s);
+    QCOMPARE(e.selected(), 1);
     QVERIFY(!e.hover().marked().isValid());
-    QCOMPARE(e.memosIn(10) + e.memosIn(30), QString());
+    const QPoint empty(60, e.tree().viewport()->height() - 5);
+    pull(e, list, e.cellAt(list, 0), [&](const QMimeData& data) {
+        QVERIFY(over(*e.tree().viewport(), empty, data) != Qt::MoveAction);
+        drop(*e.tree().viewport(), empty, data);
+        QCOMPARE(over(*list.viewport(), QPoint(20, 20), data), Qt::IgnoreAction); // a list takes nothing
+    });
+    QCOMPARE(e.filedIn(1), u"1 2 3 4 5"_s);
+    // On empty space of a list no drag begins.
+    bool began = false;
+    e.window.findChild<DragDrop*>()->runDrag = [&began](QDrag&) { began = true; };
+    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, e.below(list));
+    pointerAt(*list.viewport(), e.below(list) - QPoint(40, 10));
+    QVERIFY(!began);
     e.show(0);
     pull(e, e.tree(), e.nodeAt(30), hover);
     QCOMPARE(e.frame.status, u"SnipVale"_s);
 }
 
-void tst_DragDrop::outsideAnyNode()
-{
-    DragExplorer e;
-    ElementListView& list = e.list("lvwMemo");
-    e.show(1);
-    const QPoint empty(60, e.tree().viewport()->height() - 5);
-    QVERIFY(!e.tree().indexAt(empty).isValid());
-    pull(e, list, e.rowAt(list, 0), [&](const QMimeData& data) {
-        QVERIFY(over(*e.tree().viewport(), empty, data) != Qt::MoveAction);
-        drop(*e.tree().viewport(), empty, data);
-        QCOMPARE(over(*list.viewport(), QPoint(20, 20), data), Qt::IgnoreAction); // a list takes nothing
-    });
-    QCOMPARE(e.memosIn(1), u"1 2 3 4 5"_s);
-    QCOMPARE(e.frame.status, u"Memo -  items: 5"_s);
-    bool began = false;
-    e.window.findChild<DragDrop*>()->runDrag = [&began](QDrag&) { began = true; };
-    // On empty space of a list no drag begins.
-    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, QPoint(50, list.viewport()->height() - 5));
-    pointerAt(*list.viewport(), QPoint(90, list.viewport()->height() - 15));
-    QVERIFY(!began);
-}
-
 void tst_DragDrop::foreignDragsAreIgnored()
 {
     DragExplorer e;
-    ElementListView& list = e.list("lvwMemo");
+    ListView& list = e.list();
     e.show(1);
     QMimeData text;
     text.setText(u"12 ID"_s);
@@ -357,34 +321,34 @@ void tst_DragDrop::foreignDragsAreIgnored()
         QCOMPARE(over(*e.tree().viewport(), e.nodeAt(10), *data), Qt::IgnoreAction);
         drop(*e.tree().viewport(), e.nodeAt(10), *data);
         // Also while one of ours is on.
-        pull(e, list, e.rowAt(list, 0), [&](const QMimeData& own) {
+        pull(e, list, e.cellAt(list, 0), [&](const QMimeData& own) {
             otherProcess.setData(own.formats().first(), "1");
             drop(*e.tree().viewport(), e.nodeAt(10), *data);
         });
     }
-    QCOMPARE(e.memosIn(10), QString());
+    QCOMPARE(e.filedIn(10), QString());
 }
 
 void tst_DragDrop::clicksAreStillClicks()
 {
     DragExplorer e;
-    ElementListView& list = e.list("lvwMemo");
+    ListView& list = e.list();
     e.show(1);
-    pullTo(e, list, e.rowAt(list, 0), 10);
+    pullTo(e, list, e.cellAt(list, 0), 10);
     QTest::mouseClick(e.tree().viewport(), Qt::LeftButton, {}, e.nodeAt(30));
     QCOMPARE(e.section(), u"picToDo"_s);
     QTest::mouseClick(e.tree().viewport(), Qt::LeftButton, {}, e.nodeAt(10));
     QCOMPARE(list.model()->rowCount(), 1);
     e.show(1);
     e.select(list, 0, 2);
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, e.rowAt(list, 1)); // of three: it alone
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, e.cellAt(list, 1)); // of three: it alone
     QCOMPARE(list.selectedKeys().size(), 1);
 }
 
 void tst_DragDrop::failures()
 {
     DragExplorer e;
-    ElementListView& list = e.list("lvwMemo");
+    ListView& list = e.list();
     e.show(1);
     const QString path = e.archive.ArchivePath();
     const auto breaks = [&](QAbstractItemView& view, const QPoint& from) {
@@ -394,11 +358,11 @@ void tst_DragDrop::failures()
         QVERIFY2(asked.text.startsWith("Error in tvTreeView_OLEDragDrop: "_L1), qPrintable(asked.text));
         QCOMPARE(asked.style, MessageStyle::Critical);
         QVERIFY(e.questions.asked.isEmpty()); // once is enough
-        QCOMPARE(e.window.selectedKey(), u"1 ID"_s);
+        QCOMPARE(e.selected(), 1);
         QCOMPARE(list.model()->rowCount(), 5);
     };
-    e.archive.setPath(e.scratch.path(u"gone.SVA"_s));
-    breaks(list, e.rowAt(list, 0));
+    e.loseArchive();
+    breaks(list, e.cellAt(list, 0));
     breaks(e.tree(), e.nodeAt(30));
     e.archive.setPath(path);
     {
@@ -406,11 +370,11 @@ void tst_DragDrop::failures()
         other.Open(e.archive.ConnectionString());
         const jet::Connection::Transaction held(other);
         other.Execute(u"UPDATE tab_memo SET memoName = 'x' WHERE memoID = 5"_s);
-        breaks(list, e.rowAt(list, 0));
+        breaks(list, e.cellAt(list, 0));
     }
-    QCOMPARE(e.memosIn(1), u"1 2 3 4 5"_s);
-    pullTo(e, list, e.rowAt(list, 0), 11); // and it works again
-    QCOMPARE(e.memosIn(11), u"1"_s);
+    QCOMPARE(e.filedIn(1), u"1 2 3 4 5"_s);
+    pullTo(e, list, e.cellAt(list, 0), 11); // and it works again
+    QCOMPARE(e.filedIn(11), u"1"_s);
 }
 
 SNIPVALE_TEST(tst_DragDrop)

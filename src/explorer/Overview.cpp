@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "explorer/DueDates.h"
+#include "explorer/Overview.h"
 
 #include "archive/Archive.h"
 #include "archive/SqlText.h"
@@ -50,9 +50,31 @@ DueGroup readGroup(ArchiveUnit& unit, const GroupRule& rule, const QDateTime& no
 
 } // namespace
 
-void readDueGroups(Archive& archive, std::vector<DueGroup>& groups)
+Summary readSummary(Archive& archive)
 {
     ArchiveUnit unit(archive);
+    const auto count = [&unit](const QString& key, const QString& name, const QString& table,
+                               const QString& condition = {}) {
+        const QString total = u"total"_s + name;
+        return unit.Open(u"SELECT COUNT(%1) AS %2 From %3 %4"_s.arg(key, total, table, condition)).integer(total);
+    };
+    Summary summary;
+    for (const ElementKind kind : elementKinds) {
+        const ElementWords& words = wordsOf(kind);
+        const QString ofKind = u" WHERE tab_category.type = "_s + QString::number(int(kind)) + u' ';
+        summary.kinds[size_t(kind)] = {count(words.keyColumn, words.name, words.table),
+                                       count(u"categoryID"_s, u"Cat"_s, u"tab_category"_s, ofKind)};
+    }
+    summary.passwords = count(u"passwordID"_s, u"Password"_s, u"tab_password"_s);
+    summary.notes = count(u"noteID"_s, u"Note"_s, u"tab_note"_s);
+    return summary;
+}
+
+std::vector<DueGroup> readDueGroups(Archive& archive)
+{
+    ArchiveUnit unit(archive);
+    std::vector<DueGroup> groups;
     for (const GroupRule& rule : rules)
         groups.push_back(readGroup(unit, rule, archive.clock().now()));
+    return groups;
 }
