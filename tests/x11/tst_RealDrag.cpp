@@ -14,7 +14,6 @@ private slots:
     void cleanup();
     void memosMove();
     void aCategoryMoves();
-    void aRefusedDropIsTold();
     void escapeCancels();
 
 private:
@@ -66,14 +65,6 @@ void tst_RealDrag::aCategoryMoves()
     });
     QTRY_COMPARE(m_e->parentOf(11), u"30"_s);
     QTRY_COMPARE(m_e->selected(), 11);
-}
-
-void tst_RealDrag::aRefusedDropIsTold()
-{
-    m_e->questions.expect(u"Drop not allowed here\r\nMoving into a ToDo folder you must select a ToDo item."_s);
-    realdesktop::drag(memo(0), node(30));
-    QTRY_COMPARE(m_e->questions.asked.size(), 1);
-    QCOMPARE(m_e->filedIn(1), u"1 2 3 4 5"_s);
 }
 
 // Over a collapsed node, which opens on the way.

@@ -23,27 +23,10 @@ struct Program : ProgramFixture {
     QString status() { return get<QLabel>("status").text(); }
     QToolBar& bar(const char* name) { return get<QToolBar>(name); }
     QAbstractItemModel& treeModel() { return *get<QTreeView>("tvTreeView").model(); }
-    void choose(const char* kind) // the topmost category of that name
+    void chooseToDos()
     {
-        const QModelIndexList found = treeModel().match(treeModel().index(0, 0), Qt::DisplayRole,
-                                                        QString::fromLatin1(kind), 1, Qt::MatchRecursive);
-        get<QTreeView>("tvTreeView").setCurrentIndex(found.value(0));
-    }
-    void addMemos(int count, qsizetype size)
-    {
-        ArchiveUnit unit(program->archive);
-        jet::Connection::Transaction transaction(unit.connection());
-        for (int i = 0; i < count; ++i)
-            unit.Execute(
-                u"INSERT INTO tab_memo (categoryID, memoTypeID, memoName, snipVale) VALUES (1, 3, 'm', '%1')"_s.arg(
-                    QString(size, u'x')));
-        transaction.commit();
-    }
-    QString copyOfArchive(const QString& name)
-    {
-        if (!QFile::copy(scratch.path(), scratch.path(name)))
-            qFatal("no copy");
-        return scratch.path(name);
+        auto& tree = get<QTreeView>("tvTreeView");
+        tree.setCurrentIndex(treeModel().index(2, 0, treeModel().index(0, 0)));
     }
 };
 
@@ -67,7 +50,6 @@ private slots:
     void viewCommands();
     void openArchive();
     void passwordsStayWithTheirArchive();
-    void changedMasterPassword();
     void saveCopy();
     void compact();
     void compactThatFails();
@@ -234,41 +216,31 @@ void tst_frmMain::passwordsStayWithTheirArchive()
     p.questions.expect(u"Master Password saved!"_s);
     p.action("Password").trigger();
     QVERIFY(p.bar("barPassword").isVisible() && !p.bar("barMemo").isVisible());
+    p.run("miPasswordLock");
+    QVERIFY(p.action("Memo").isChecked() && !p.action("miPasswordLock").isEnabled());
+    p.start();
+    whenModal(enterMasterWord); // a change before there is a list unlocks the vault
+    p.questions.expect(QString(), Answer::Yes);
+    p.questions.expect(u"Change Password completed!"_s);
+    p.run("miPasswordChange");
+    QVERIFY(p.action("Memo").isChecked() && p.action("miPasswordLock").isEnabled());
+    p.action("Password").trigger();
     p.action("miPasswordHideShow").trigger();
     ArchiveUnit(p.program->archive).Execute(u"INSERT INTO tab_password (title) VALUES ('t')"_s);
     p.action("Memo").trigger(); // the summary counts anew, and its status takes the list's place
     QCOMPARE(p.get<QLabel>("lblSummaryPassword").text().trimmed(), u"Passwords:  1"_s);
     QCOMPARE(p.status(), u"SnipVale"_s);
-    QVERIFY(!p.action("miPasswordHideShow").isChecked() && p.action("miPasswordLock").isEnabled());
+    QVERIFY(!p.action("miPasswordHideShow").isChecked());
     p.action("Password").trigger();
-    p.files.answers = {p.copyOfArchive(u"other.SVA"_s)};
+    const QString other = p.scratch.path(u"other.SVA"_s);
+    QVERIFY(QFile::copy(p.scratch.path(), other));
+    p.files.answers = {other};
     p.frame->OpenArchive();
     for (const char* command : {"miPasswordNew", "miPasswordHideShow", "miPasswordLock"})
         QVERIFY2(!p.action(command).isEnabled() && !p.action(command).isChecked(), command);
     whenModal([](QWidget& window) { window.close(); }); // it is asked for again
     p.action("Password").trigger();
     QVERIFY(p.bar("barMemo").isVisible() && p.action("Memo").isChecked() && !p.action("Password").isChecked());
-}
-
-// From the explorer, before there is a list: the vault is unlocked then, and can be locked.
-void tst_frmMain::changedMasterPassword()
-{
-    Program p;
-    p.startFresh();
-    whenModal(enterMasterWord);
-    p.questions.expect(u"Master Password saved!"_s);
-    p.run("Password");
-    p.run("miPasswordLock");
-    QVERIFY(p.action("Memo").isChecked() && !p.action("miPasswordLock").isEnabled());
-    p.start();
-    whenModal(enterMasterWord);
-    p.questions.expect(QString(), Answer::Yes);
-    p.questions.expect(u"Change Password completed!"_s);
-    p.run("miPasswordChange");
-    QVERIFY(p.action("Memo").isChecked() && p.action("miPasswordLock").isEnabled());
-    p.run("miPasswordLock");
-    QVERIFY(!p.action("miPasswordLock").isEnabled());
-    QCOMPARE(p.status(), u"Passwords locked"_s);
 }
 
 void tst_frmMain::saveCopy()
@@ -346,7 +318,15 @@ void tst_frmMain::damagedArchiveIsRepaired()
     p.startFresh();
     const QString archive = p.scratch.path();
     const qint64 shipped = QFileInfo(archive).size();
-    p.addMemos(300, 3000);
+    {
+        ArchiveUnit unit(p.program->archive);
+        jet::Connection::Transaction transaction(unit.connection());
+        for (int i = 0; i < 300; ++i)
+            unit.Execute(
+                u"INSERT INTO tab_memo (categoryID, memoTypeID, memoName, snipVale) VALUES (1, 3, 'm', '%1')"_s.arg(
+                    QString(3000, u'x')));
+        transaction.commit();
+    }
     p.run("Memo");
     QFile file(archive);
     QVERIFY(file.open(QIODevice::ReadWrite));
@@ -392,7 +372,7 @@ void tst_frmMain::reminders()
         unit.Execute(u"INSERT INTO tab_todo (categoryID, name, alarmOn, alarmDate) VALUES (%1, 'Call', 1, "
                      "'2026-3-4 9:4:59')"_s.arg(category));
     }
-    p.choose("ToDo");
+    p.chooseToDos();
     const auto hasAlarmIcon = [&] {
         const auto* list = p.get<QTreeView>("lvwToDo").model();
         return list->rowCount() == 1 && !list->index(0, 1).data(Qt::DecorationRole).isNull();
@@ -410,7 +390,7 @@ void tst_frmMain::reminders()
     p.files.answers = {p.scratch.path()};
     p.frame->OpenArchive();
     QVERIFY(!popup());
-    p.choose("ToDo");
+    p.chooseToDos();
     p.tick();
     QTRY_VERIFY(popup());
     popup()->findChild<QAbstractButton*>(u"cmdOK"_s)->click();

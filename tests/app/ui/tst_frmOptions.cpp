@@ -70,7 +70,6 @@ private slots:
     void everythingIsWritten();
     void defaultArchive();
     void longPathAndClose();
-    void languageList();
     void openingALanguage();
     void failures();
     void looks();
@@ -145,29 +144,6 @@ void tst_frmOptions::longPathAndClose()
     QVERIFY(o.ini().contains(path.toUtf8()));
     o.window.reset();
     QVERIFY(!o.frame.enabledCommands[u"miOptionsLanguage"_s]);
-}
-
-void tst_frmOptions::languageList()
-{
-    Options o;
-    const QModelIndex perl = o.language("Perl");
-    QCOMPARE(perl.data(Qt::UserRole).toString() + perl.data(Qt::UserRole + 1).toString(), u"6 IDSCLEX_PERL"_s);
-    o.get<QTabWidget>("TabStrip1").setCurrentIndex(1);
-    o.list().scrollTo(perl);
-    const auto isTicked = [&] { return o.language("Perl").data(Qt::CheckStateRole).toInt() == Qt::Checked; };
-    QVERIFY(isTicked());
-    o.list().setCurrentIndex(perl.siblingAtColumn(1));
-    QTest::keyClick(&o.list(), Qt::Key_Space); // wherever in the row
-    QVERIFY(!isTicked());
-    const QRect row = o.list().visualRect(perl);
-    const QPoint box(row.left() + 10, row.center().y());
-    QTest::mouseClick(o.list().viewport(), Qt::LeftButton, {}, box);
-    QVERIFY(isTicked());
-    QTest::mouseDClick(o.list().viewport(), Qt::LeftButton, {}, box); // ticks, and opens no window
-    QVERIFY(!o.window->findChild<QDialog*>());
-    ArchiveUnit(o.archive).Execute(u"UPDATE tab_memoType SET enabled = '0' WHERE memoTypeID = 6"_s);
-    o.open();
-    QVERIFY(!o.language("Perl").isValid());
 }
 
 void tst_frmOptions::openingALanguage()
