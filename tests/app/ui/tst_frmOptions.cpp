@@ -187,16 +187,12 @@ void tst_frmOptions::failures()
     QVERIFY(!mending.Form_Load()); // the archive's path can be put right all the same
     mending.findChild<QLineEdit*>(u"txtDefaultDb"_s)->setText(u"right.SVA"_s);
     mending.findChild<QAbstractButton*>(u"cmdOK"_s)->click();
-    QCOMPARE(mending.result(), int(QDialog::Accepted));
-    QVERIFY(o.ini().contains("right.SVA"));
+    QVERIFY(mending.result() == QDialog::Accepted && o.ini().contains("right.SVA"));
     o.program.archive.setPath(o.scratch.path());
     QVERIFY(QFile::remove(o.program.IniFile) && QDir().mkpath(o.program.IniFile + u"/x"_s)); // cannot be written
     o.open();
     QVERIFY(o.path().text().isEmpty());
     o.path().setText(u"y.SVA"_s);
-    QFile autostart(o.config.filePath(u"autostart"_s)); // neither can the folder be made
-    QVERIFY(autostart.open(QIODevice::WriteOnly));
-    o.click("chkRunAtStart");
     o.click("cmdOK"); // silently
     QVERIFY(!o.window->isVisible());
 }
