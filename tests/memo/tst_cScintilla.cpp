@@ -79,9 +79,7 @@ class tst_cScintilla : public QObject {
     Q_OBJECT
 private slots:
     void initTestCase();
-    void numberMargin_data();
     void numberMargin();
-    void braces_data();
     void braces();
     void setLexer_data();
     void setLexer();
@@ -111,81 +109,63 @@ void tst_cScintilla::initTestCase()
     }
 }
 
-void tst_cScintilla::numberMargin_data()
-{
-    QTest::addColumn<int>("lines");
-    QTest::addColumn<int>("pixels");
-    // Halves go to the even neighbour: 0.5 to 0, 1.5 and 2.5 to 2, 5.5 to 6.
-    for (const auto& [lines, pixels] :
-         {std::pair(1, 25), {5, 25}, {6, 32}, {14, 32}, {15, 32}, {25, 32}, {55, 39}, {1000, 46}})
-        QTest::addRow("%d", lines) << lines << pixels;
-}
-
 void tst_cScintilla::numberMargin()
 {
-    QFETCH(int, lines);
-    QFETCH(int, pixels);
     Desk desk;
     desk.code.setMatchBraces(false);
-    desk.editor.answers[SCI.GETLINECOUNT.number] = lines;
-    desk.code.SetDisplayLinenumbers(true);
-    QCOMPARE(desk.editor.take(), u"2242 0 %1"_s.arg(pixels));
-    desk.code.onUpdateUi();
-    QCOMPARE(desk.editor.take(), QString()); // as many digits as before
-    desk.editor.answers[SCI.GETLINECOUNT.number] = 10000;
-    desk.code.onUpdateUi();
-    QCOMPARE(desk.editor.take(), u"2242 0 53"_s);
+    const auto after = [&desk](int lines, const auto& act) {
+        desk.editor.answers[SCI.GETLINECOUNT.number] = lines;
+        act();
+        return desk.editor.take();
+    };
+    const auto update = [&desk] { desk.code.onUpdateUi(); };
+    // Halves go to the even neighbour: 0.5 to 0, 1.5 and 2.5 to 2, 5.5 to 6.
+    for (const auto& [lines, pixels] :
+         {std::pair(1, 25), {5, 25}, {6, 32}, {14, 32}, {15, 32}, {25, 32}, {55, 39}, {1000, 46}}) {
+        QCOMPARE(after(lines, [&desk] { desk.code.SetDisplayLinenumbers(true); }), u"2242 0 %1"_s.arg(pixels));
+        QCOMPARE(after(lines, update), QString()); // as many digits as before
+    }
+    QCOMPARE(after(10000, update), u"2242 0 53"_s);
     desk.code.SetDisplayLinenumbers(false);
-    desk.editor.answers[SCI.GETLINECOUNT.number] = 1;
-    desk.code.onUpdateUi();
-    QCOMPARE(desk.editor.take(), u"2242 0 0"_s);
-}
-
-void tst_cScintilla::braces_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<int>("caret");
-    QTest::addColumn<int>("partner");
-    QTest::addColumn<QString>("messages");
-    const QString none = u"2351 -1 -1"_s;
-    QTest::newRow("none") << "a b"_ba << 1 << 0 << none;
-    QTest::newRow("start, none before") << "a"_ba << 0 << 0 << none;
-    QTest::newRow("at the caret") << "f(x)"_ba << 1 << 3 << u"2351 3 1"_s;
-    QTest::newRow("before the caret") << "f(x)"_ba << 4 << 1 << u"2351 1 3"_s;
-    QTest::newRow("the caret's goes first") << "[{}]"_ba << 1 << 2 << u"2351 2 1"_s;
-    QTest::newRow("partner at 0") << "<>"_ba << 1 << 0 << u"2351 0 1"_s;
-    QTest::newRow("unmatched") << "("_ba << 0 << -1 << u"2352 0 0"_s;
-    QTest::newRow("a zero byte is no brace") << QByteArray("a\0b", 3) << 1 << 0 << none;
+    QCOMPARE(after(1, update), u"2242 0 0"_s);
 }
 
 void tst_cScintilla::braces()
 {
-    QFETCH(QByteArray, text);
-    QFETCH(int, caret);
-    QFETCH(int, partner);
-    QFETCH(QString, messages);
-    Desk desk;
-    desk.code.SetDisplayLinenumbers(false);
-    for (qsizetype i = 0; i < text.size(); ++i)
-        desk.editor.answersTo[{SCI.GETCHARAT.number, i}] = text[i];
-    desk.editor.answersTo[{SCI.GETCOLUMN.number, partner}] = 7;
-    desk.editor.answers = {{SCI.GETLINECOUNT.number, 1},
-                           {SCI.GETCHARAT.number, 0},
-                           {SCI.GETCOLUMN.number, 0},
-                           {SCI.GETCURRENTPOS.number, caret},
-                           {SCI.BRACEMATCH.number, partner}};
-    const auto update = [&desk] {
-        desk.editor.take();
-        desk.code.onUpdateUi();
-        return desk.editor.take();
+    const QString none = u"2351 -1 -1"_s;
+    // Text, caret, partner.
+    const std::tuple<QByteArray, int, int, QString> rows[] = {
+        {"a b", 1, 0, none},
+        {"a", 0, 0, none}, // none before the start
+        {"f(x)", 1, 3, u"2351 3 1"_s},
+        {"f(x)", 4, 1, u"2351 1 3"_s}, // before the caret
+        {"[{}]", 1, 2, u"2351 2 1"_s}, // the caret's goes first
+        {"<>", 1, 0, u"2351 0 1"_s},
+        {"(", 0, -1, u"2352 0 0"_s},
+        {QByteArray("a\0b", 3), 1, 0, none},
     };
-    desk.code.SetDisplayLinenumbers(false);
-    const bool isPair = messages != u"2351 -1 -1" && partner >= 0;
-    QCOMPARE(update(), messages + (isPair ? u"|2134 7 0"_s : QString()));
-    desk.code.setHighlightGuide(false);
-    QCOMPARE(update(), messages);
-    desk.code.setMatchBraces(false);
-    QCOMPARE(update(), QString());
+    for (const auto& [text, caret, partner, messages] : rows) {
+        Recorder editor;
+        cScintilla code(editor, m_languages->archive);
+        for (qsizetype i = 0; i < text.size(); ++i)
+            editor.answersTo[{SCI.GETCHARAT.number, i}] = text[i];
+        editor.answersTo[{SCI.GETCOLUMN.number, partner}] = 7;
+        editor.answers = {{SCI.GETLINECOUNT.number, 0},
+                          {SCI.GETCHARAT.number, 0},
+                          {SCI.GETCOLUMN.number, 0},
+                          {SCI.BRACEMATCH.number, partner},
+                          {SCI.GETCURRENTPOS.number, caret}};
+        const auto update = [&] {
+            code.onUpdateUi();
+            return editor.take();
+        };
+        const bool isPair = messages != none && partner >= 0;
+        QCOMPARE(update(), messages + (isPair ? u"|2134 7 0"_s : QString()));
+        code.setHighlightGuide(false);
+        QCOMPARE(update(), messages);
+        code.setMatchBraces(false);
+        QCOMPARE(update(), QString());
+    }
 }
 
 void tst_cScintilla::setLexer_data()

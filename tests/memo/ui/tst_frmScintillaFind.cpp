@@ -46,7 +46,6 @@ private slots:
     void emptyBoxes();
     void findsOneAfterAnother();
     void flags();
-    void replaces_data();
     void replaces();
     void textChangesBetween();
 };
@@ -107,35 +106,26 @@ void tst_frmScintillaFind::flags()
     QCOMPARE(desk.selection(), Range(8, 10));
 }
 
-void tst_frmScintillaFind::replaces_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("find");
-    QTest::addColumn<QString>("replacement");
-    QTest::addColumn<QString>("result");
-    const auto row = [](const char* name, const QString& text, const QString& find, const QString& by,
-                        const QString& result) { QTest::newRow(name) << text << find << by << result; };
-    row("shorter", u"abcabc.abc"_s, u"abc"_s, u"x"_s, u"xx.x"_s);
-    row("holds the searched text", u"a.a"_s, u"a"_s, u"aa"_s, u"aa.aa"_s);
-    row("neighbours join to a new match", u"aab"_s, u"ab"_s, u"b"_s, u"ab"_s);
-    row("other scripts", u"\U0001F642日 日\U0001F642"_s, u"日"_s, u"ждж"_s, u"\U0001F642ждж ждж\U0001F642"_s);
-    row("line ends stay", u"a\r\na\ra"_s, u"a"_s, u"bc"_s, u"bc\r\nbc\rbc"_s);
-    row("empty text", {}, u"a"_s, u"b"_s, {});
-}
-
 void tst_frmScintillaFind::replaces()
 {
-    QFETCH(QString, text);
-    QFETCH(QString, find);
-    QFETCH(QString, replacement);
-    Desk desk;
-    desk.view.setText(text.toUtf8());
-    desk.in<QLineEdit>("txtFind").setText(find);
-    desk.in<QLineEdit>("txtReplace").setText(replacement);
-    desk.questions.expect(endReached);
-    for (int presses = 0; desk.questions.asked.isEmpty() && presses < 10; ++presses)
-        desk.press("cmdReplace");
-    QTEST(QString::fromUtf8(desk.view.text()), "result");
+    // Text, what to find, what to put there, result.
+    const std::tuple<QString, QString, QString, QString> rows[] = {
+        {u"abcabc.abc"_s, u"abc"_s, u"x"_s, u"xx.x"_s},
+        {u"a.a"_s, u"a"_s, u"aa"_s, u"aa.aa"_s}, // holds the searched text
+        {u"aab"_s, u"ab"_s, u"b"_s, u"ab"_s}, // neighbours join to a new match
+        {u"\U0001F642日 日\U0001F642"_s, u"日"_s, u"ждж"_s, u"\U0001F642ждж ждж\U0001F642"_s},
+        {u"a\r\na\ra"_s, u"a"_s, u"bc"_s, u"bc\r\nbc\rbc"_s},
+        {{}, u"a"_s, u"b"_s, {}}};
+    for (const auto& [text, find, replacement, result] : rows) {
+        Desk desk;
+        desk.view.setText(text.toUtf8());
+        desk.in<QLineEdit>("txtFind").setText(find);
+        desk.in<QLineEdit>("txtReplace").setText(replacement);
+        desk.questions.expect(endReached);
+        for (int presses = 0; desk.questions.asked.isEmpty() && presses < 10; ++presses)
+            desk.press("cmdReplace");
+        QCOMPARE(QString::fromUtf8(desk.view.text()), result);
+    }
 }
 
 void tst_frmScintillaFind::textChangesBetween()
