@@ -30,14 +30,13 @@ void tst_cNote::statements()
     readNoteRows(f.archive);
     const QString update = u"UPDATE tab_note SET tab_note.content = 'it''s' , tab_note.color = 'o''range' , "_s;
     const QString where = u"WHERE (tab_note.noteID = 1 ) "_s;
-    QCOMPARE(f.statements,
-             QStringList({u"SELECT * FROM tab_note WHERE 1=2 "_s,
-                          update + u"tab_note.noteDate = '2026-3-4 9:5:0' "_s + where,
-                          update + u"tab_note.noteDate = Null "_s + where,
-                          u"UPDATE tab_note SET tab_note.color = 'red'  "_s + where,
-                          u" SELECT * FROM tab_note WHERE noteID = 1"_s,
-                          u"DELETE * FROM tab_note WHERE tab_note.noteID IN (1, 2) "_s,
-                          u"SELECT tab_note.* FROM tab_note "_s}));
+    QCOMPARE(
+        f.statements,
+        QStringList(
+            {u"SELECT * FROM tab_note WHERE 1=2 "_s, update + u"tab_note.noteDate = '2026-3-4 9:5:0' "_s + where,
+             update + u"tab_note.noteDate = Null "_s + where, u"UPDATE tab_note SET tab_note.color = 'red'  "_s + where,
+             u" SELECT * FROM tab_note WHERE noteID = 1"_s,
+             u"DELETE * FROM tab_note WHERE tab_note.noteID IN (1, 2) "_s, u"SELECT tab_note.* FROM tab_note "_s}));
 }
 
 void tst_cNote::everyTextSurvives()
