@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/ui/DropHover.h"
 
+#include "ui/widgets/ShownText.h"
+
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
@@ -17,6 +19,7 @@ class MarkingDelegate final : public QStyledItemDelegate {
 public:
     MarkingDelegate(const DropHover& hover, QObject* parent) : QStyledItemDelegate(parent), m_hover(hover) { }
 
+    QString displayText(const QVariant& value, const QLocale&) const override { return shownLine(value.toString()); }
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
         const bool isMarked = index == m_hover.marked();

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "explorer/ui/ExplorerTreeView.h"
 
-#include "ui/widgets/CellDelegate.h"
-
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -12,7 +10,6 @@
 ExplorerTreeView::ExplorerTreeView(QWidget* parent) : QTreeView(parent)
 {
     setHeaderHidden(true);
-    setItemDelegate(new CellDelegate(this));
     setEditTriggers(NoEditTriggers);
     setExpandsOnDoubleClick(true);
     setUniformRowHeights(true);

@@ -15,6 +15,7 @@
 #include "explorer/ui/SearchPane.h"
 #include "explorer/ui/WelcomePage.h"
 #include "ui/widgets/Icons.h"
+#include "ui/widgets/ShownText.h"
 #include "ui_frmSnipValeS.h"
 
 #include <QAction>
@@ -122,7 +123,7 @@ void frmSnipValeS::tvTreeView_NodeClick(const QModelIndex& node)
     m_context.category.CategoryParentID = parent ? parent->id : 0;
     m_tree->setSelected(node);
     const QString path = m_tree->fullPath(node);
-    m_ui->lblFolderName->setToolTip(path);
+    m_ui->lblFolderName->setToolTip(plainToolTip(path));
     if (category.id == 0) {
         ShowSection(u"Welcome"_s);
         m_ui->lblFolderName->setText(u" Memo"_s);

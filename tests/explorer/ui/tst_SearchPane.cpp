@@ -16,11 +16,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString deleteQuestion = u"Are you sure you want to delete selected elements? "_s;
-const QString memoSelect =
-    u" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_memo.memoID as memoID, "
-    "tab_memo.memoName, tab_memoType.name as memoType FROM tab_memoType INNER JOIN (tab_category INNER JOIN tab_memo "
-    "ON tab_category.categoryID = tab_memo.categoryID) ON tab_memoType.memoTypeID = tab_memo.memoTypeID  WHERE 1 <> 1 "_s;
-
 // An explorer with its search pane open over one element of each kind, and boxes to check by their names.
 struct Searching : Explorer {
     Searching()
@@ -62,7 +57,6 @@ class tst_SearchPane : public QObject {
 private slots:
     void showAndHide();
     void boxesAndRefusals();
-    void statements_data();
     void statements();
     void hitsOfAllKinds();
     void hitsAccumulate();
@@ -82,25 +76,25 @@ void tst_SearchPane::showAndHide()
     Explorer e;
     auto& pane = e.find<QWidget>("picSearch");
     auto& lists = e.find<QStackedWidget>("stkSections");
+    auto& text = e.find<QLineEdit>("txtSearchText");
     const int all = lists.height();
     QVERIFY(!pane.isVisible());
-    e.find<QLineEdit>("txtSearchText").setText(u"old text"_s);
+    text.setText(u"old text"_s);
     e.window.activateWindow();
-    e.window.search().show();
-    QCOMPARE(e.find<QLineEdit>("txtSearchText").selectedText(), u"old text"_s);
-    QCOMPARE(e.window.focusWidget(), &e.find<QLineEdit>("txtSearchText"));
-    QApplication::processEvents();
-    const int height = pane.height();
-    QVERIFY(pane.isVisible() && lists.height() < all && height > 150);
-    e.find<QPushButton>("cmdCloseSearch").click();
-    QApplication::processEvents();
-    QVERIFY(!pane.isVisible());
-    QCOMPARE(lists.height(), all);
-    e.window.search().show();
-    QApplication::processEvents();
-    QCOMPARE(pane.height(), height);
-    e.find<QToolButton>("picSearchClose").click();
-    QVERIFY(!pane.isVisible());
+    int height = 0;
+    for (QAbstractButton* close : std::initializer_list<QAbstractButton*>{&e.find<QPushButton>("cmdCloseSearch"),
+                                                                          &e.find<QToolButton>("picSearchClose")}) {
+        e.window.search().show();
+        QApplication::processEvents();
+        QCOMPARE(e.window.focusWidget(), &text);
+        QCOMPARE(text.selectedText(), u"old text"_s);
+        QVERIFY(pane.height() > 150 && lists.height() < all);
+        QVERIFY(std::exchange(height, pane.height()) == 0 || height == pane.height());
+        close->click();
+        QApplication::processEvents();
+        QVERIFY(!pane.isVisible());
+        QCOMPARE(lists.height(), all);
+    }
 }
 
 void tst_SearchPane::boxesAndRefusals()
@@ -122,45 +116,39 @@ void tst_SearchPane::boxesAndRefusals()
     QCOMPARE(e.label("lblSearch"), u"Search"_s);
 }
 
-void tst_SearchPane::statements_data()
-{
-    QTest::addColumn<QStringList>("boxes");
-    QTest::addColumn<QStringList>("fields");
-    QTest::addColumn<QString>("statement");
-    QTest::newRow("memo, all fields") << QStringList(u"chkMemo"_s)
-                                      << QStringList({u"chkMemoName"_s, u"chkSnipVale"_s, u"chkMemoNotes"_s})
-                                      << memoSelect +
-            u"  OR ( tab_memo.memoName LIKE '% a_b %' )  OR ( tab_memo.snipVale LIKE '% a_b %' )"
-            "  OR ( tab_memo.memoNotes LIKE '% a_b %' )"_s;
-    QTest::newRow("memo, code") << QStringList(u"chkMemo"_s) << QStringList(u"chkSnipVale"_s)
-                                << memoSelect + u"  OR ( tab_memo.snipVale LIKE '% a_b %' )"_s;
-    QTest::newRow("memo, no field") << QStringList(u"chkMemo"_s) << QStringList() << memoSelect;
-    QTest::newRow("bookmark")
-        << QStringList(u"chkBookmark"_s) << QStringList()
-        << u" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_bookmark.bookmarkID, "
-           "tab_bookmark.name as bookmarkName, tab_bookmark.url, tab_bookmark.keywords, tab_bookmark.description, "
-           "tab_bookmark.dateIn, tab_bookmark.dateLastMod  FROM tab_category INNER JOIN tab_bookmark ON "
-           "tab_category.categoryID = tab_bookmark.categoryID  WHERE 1 <> 1   OR ( tab_bookmark.name LIKE '% a_b %' )"
-           "  OR ( tab_bookmark.description LIKE '% a_b %' )  OR ( tab_bookmark.keywords LIKE '% a_b %' )"_s;
-    QTest::newRow("to-do")
-        << QStringList(u"chkToDo"_s) << QStringList()
-        << u" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_todo.todoID, "
-           "tab_todo.name as todoName, tab_todo.description, tab_todo.dateIn, tab_todo.dateLastMod  FROM tab_category "
-           "INNER JOIN tab_todo ON tab_category.categoryID = tab_todo.categoryID  WHERE 1 <> 1 "
-           "  OR ( tab_todo.name LIKE '% a_b %' )  OR ( tab_todo.description LIKE '% a_b %' )"_s;
-}
-
 void tst_SearchPane::statements()
 {
-    QFETCH(QStringList, boxes);
-    QFETCH(QStringList, fields);
-    QFETCH(QString, statement);
+    const QString memos =
+        u" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_memo.memoID as memoID, "
+        "tab_memo.memoName, tab_memoType.name as memoType FROM tab_memoType INNER JOIN (tab_category INNER JOIN "
+        "tab_memo ON tab_category.categoryID = tab_memo.categoryID) ON tab_memoType.memoTypeID = tab_memo.memoTypeID "
+        " WHERE 1 <> 1 "_s;
+    const QString code = u"  OR ( tab_memo.snipVale LIKE '% a_b %' )"_s; // as typed, with its blanks
     Searching e;
-    for (const char* field : {"chkMemoName", "chkSnipVale", "chkMemoNotes"})
-        e.box(field).setChecked(fields.contains(QString::fromLatin1(field)));
-    e.check(boxes);
-    e.search(u" a_b "_s); // as typed, with its blanks
-    QCOMPARE(e.statements, QStringList(statement));
+    e.search(u" a_b "_s);
+    QCOMPARE(
+        e.statements,
+        QStringList(
+            {memos + u"  OR ( tab_memo.memoName LIKE '% a_b %' )"_s + code +
+                 u"  OR ( tab_memo.memoNotes LIKE '% a_b %' )"_s,
+             u" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_bookmark.bookmarkID, "
+             "tab_bookmark.name as bookmarkName, tab_bookmark.url, tab_bookmark.keywords, tab_bookmark.description, "
+             "tab_bookmark.dateIn, tab_bookmark.dateLastMod  FROM tab_category INNER JOIN tab_bookmark ON "
+             "tab_category.categoryID = tab_bookmark.categoryID  WHERE 1 <> 1   OR ( tab_bookmark.name LIKE '% a_b %' "
+             ")  OR ( tab_bookmark.description LIKE '% a_b %' )  OR ( tab_bookmark.keywords LIKE '% a_b %' )"_s,
+             u" SELECT tab_category.categoryID, tab_category.name as categoryName, tab_todo.todoID, "
+             "tab_todo.name as todoName, tab_todo.description, tab_todo.dateIn, tab_todo.dateLastMod  FROM "
+             "tab_category INNER JOIN tab_todo ON tab_category.categoryID = tab_todo.categoryID  WHERE 1 <> 1 "
+             "  OR ( tab_todo.name LIKE '% a_b %' )  OR ( tab_todo.description LIKE '% a_b %' )"_s}));
+    e.check({u"chkMemo"_s});
+    e.box("chkMemoName").setChecked(false);
+    e.box("chkMemoNotes").setChecked(false);
+    e.search(u" a_b "_s);
+    e.box("chkSnipVale").setChecked(false);
+    const QStringList codeAlone = e.statements;
+    QCOMPARE(codeAlone, QStringList(memos + code));
+    e.search(u"x"_s);
+    QCOMPARE(e.statements, QStringList(memos));
 }
 
 void tst_SearchPane::hitsOfAllKinds()
@@ -189,25 +177,27 @@ void tst_SearchPane::hitsOfAllKinds()
 
 void tst_SearchPane::hitsAccumulate()
 {
+    struct Step {
+        QStringList boxes;
+        void (SearchPane::*search)();
+        QString hits;
+    };
+    const QStringList all = {u"chkMemo"_s, u"chkBookmark"_s, u"chkToDo"_s};
+    const Step steps[] = {{all, &SearchPane::SearchToDo, u"todo"_s},
+                          {all, &SearchPane::SearchMemo, u"memo"_s}, // always begins anew
+                          {all, &SearchPane::SearchBookmark, u"memo bookmark"_s},
+                          {all, &SearchPane::SearchToDo, u"memo bookmark todo"_s},
+                          {{u"chkBookmark"_s}, &SearchPane::SearchBookmark, u"bookmark"_s}, // "Look in Memo" is off
+                          {{u"chkBookmark"_s}, &SearchPane::SearchToDo, u"bookmark todo"_s},
+                          {{u"chkMemo"_s}, &SearchPane::SearchToDo, u"bookmark todo todo"_s},
+                          {{u"chkToDo"_s}, &SearchPane::SearchToDo, u"todo"_s}};
     Searching e;
-    SearchPane& pane = e.window.search();
     e.text().setText(u"sort"_s);
-    pane.SearchMemo();
-    pane.SearchMemo(); // always begins anew
-    pane.SearchBookmark();
-    pane.SearchToDo();
-    QCOMPARE(e.texts(e.hits()), QStringList({u"sort memo"_s, u"sort bookmark"_s, u"sort todo"_s}));
-    e.check({u"chkBookmark"_s, u"chkToDo"_s});
-    pane.SearchBookmark(); // "Look in Memo" is off: begins anew
-    QCOMPARE(e.texts(e.hits()), QStringList({u"sort bookmark"_s}));
-    pane.SearchToDo();
-    QCOMPARE(e.texts(e.hits()).size(), 2);
-    e.check({u"chkMemo"_s, u"chkToDo"_s});
-    pane.SearchToDo();
-    QCOMPARE(e.texts(e.hits()).size(), 3);
-    e.check({u"chkToDo"_s});
-    pane.SearchToDo();
-    QCOMPARE(e.texts(e.hits()), QStringList({u"sort todo"_s}));
+    for (const Step& step : steps) {
+        e.check(step.boxes);
+        (e.window.search().*step.search)();
+        QCOMPARE(e.texts(e.hits()).join(u' ').remove(u"sort "_s), step.hits);
+    }
     QCOMPARE(e.label("lblSearch"), u" Search: (1)"_s);
 }
 
