@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: 2026 The SnipVale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/CoreSupport.h"
+#include "support/Registry.h"
+
+#include "explorer/ArchiveRows.h"
+#include "explorer/Overview.h"
+
+#include <QtTest>
+
+using namespace Qt::StringLiterals;
+
+// What the explorer reads of the archive, beside the lists of elements.
+class tst_ArchiveRows : public QObject {
+    Q_OBJECT
+private slots:
+    void categoriesOfADamagedArchive();
+    void dueGroups();
+    void summaryStatements();
+};
+
+void tst_ArchiveRows::categoriesOfADamagedArchive()
+{
+    ArchiveFixture f;
+    const auto add = [&f](const QString& values) {
+        ArchiveUnit(f.archive)
+            .Execute(u"INSERT INTO tab_category (categoryID, parentID, type, name) VALUES (%1)"_s.arg(values));
+    };
+    // Below itself, in a ring, below nothing, without a type; and a chain of 500.
+    for (const char* values : {"50, 50, 0, 'self'", "51, 52, 0, 'ring'", "52, 51, 0, 'ring2'", "53, 4711, 0, 'orphan'",
+                               "54, 1, NULL, 'untyped'", "55, 1, 9, 'odd type'"})
+        add(QString::fromLatin1(values));
+    for (int id = 100; id < 600; ++id)
+        add(u"%1, %2, 1, 'deep'"_s.arg(id).arg(id == 100 ? 1 : id - 1));
+    f.statements.clear();
+    const CategoryRows rows = readCategories(f.archive);
+    QCOMPARE(f.statements.first(), u" SELECT * FROM tab_category WHERE parentID = 0  ORDER BY tab_category.name "_s);
+    QVERIFY(f.statements.contains(u"SELECT * FROM tab_category WHERE parentID = 1  ORDER BY tab_category.name "_s));
+    QCOMPARE(rows.hidden, qint64(4)); // self, both of the ring, the orphan
+    QCOMPARE(rows.reached.size(), size_t(2 + 2 + 500)); // the archive's own two
+    QSet<qint32> seen{0};
+    for (const CategoryRow& row : rows.reached) {
+        QVERIFY(seen.contains(row.parentID));
+        seen.insert(row.node.id);
+        if (row.node.id >= 50)
+            QCOMPARE(row.node.kind, row.node.id < 100 ? ElementKind::Memo : ElementKind::Bookmark);
+    }
+}
+
+void tst_ArchiveRows::dueGroups()
+{
+    StartedArchive f;
+    const QDateTime now = f.clock.now();
+    const std::tuple<const char*, QDateTime, int> toDos[] = {
+        {"late", now.addSecs(-1), 0},          {"later still", now.addYears(-3), 0},
+        {"late but done", now.addSecs(-1), 1}, {"this second", now, 0},
+        {"in an hour", now.addSecs(3600), 0}, // in no group
+        {"tomorrow", now.addDays(1), 0},       {"in 7 days", now.addDays(7), 0}, // in two
+        {"in 28 days", now.addDays(28), 0},    {"in 29 days", now.addDays(29), 0}};
+    for (const auto& [name, due, done] : toDos)
+        ArchiveUnit(f.archive).Execute(
+            u"INSERT INTO tab_todo (categoryID, name, dueDate, done) VALUES (3, '%1', '%2', %3)"_s.arg(
+                QLatin1String(name), due.toString(u"yyyy-M-d H:m:s"_s), QString::number(done)));
+    ArchiveUnit(f.archive).Execute(u"INSERT INTO tab_todo (categoryID, name) VALUES (3, 'never')"_s);
+    f.statements.clear();
+    QStringList found;
+    for (const DueGroup& due : readDueGroups(f.archive)) {
+        found.append(due.title);
+        for (const DueToDo& toDo : due.toDos)
+            found.append(toDo.name);
+    }
+    const QStringList expected = {u"Out of date"_s,  u"late"_s,        u"later still"_s, u"Today"_s,
+                                  u"this second"_s,  u"Next 6 days"_s, u"tomorrow"_s,    u"in 7 days"_s,
+                                  u"Next 3 Weeks"_s, u"in 7 days"_s,   u"in 28 days"_s};
+    QCOMPARE(found, expected);
+    QCOMPARE(
+        f.statements.first(),
+        u" SELECT * FROM tab_todo  WHERE tab_todo.dueDate  <  #2026-3-4 9:5:0#  AND tab_todo.done = 0  ORDER BY tab_todo.dueDate DESC "_s);
+    QCOMPARE(
+        f.statements.last(),
+        u" SELECT * FROM tab_todo  WHERE tab_todo.dueDate  BETWEEN #2026-3-11 9:5:0#  AND  #2026-4-1 9:5:0#  AND tab_todo.done = 0  ORDER BY tab_todo.dueDate ASC "_s);
+}
+
+void tst_ArchiveRows::summaryStatements()
+{
+    StartedArchive f;
+    readSummary(f.archive);
+    QCOMPARE(f.statements,
+             QStringList({u"SELECT COUNT(memoID) AS totalMemo From tab_memo "_s,
+                          u"SELECT COUNT(categoryID) AS totalCat From tab_category  WHERE tab_category.type = 0 "_s,
+                          u"SELECT COUNT(bookmarkID) AS totalBookmark From tab_bookmark "_s,
+                          u"SELECT COUNT(categoryID) AS totalCat From tab_category  WHERE tab_category.type = 1 "_s,
+                          u"SELECT COUNT(todoID) AS totalToDo From tab_todo "_s,
+                          u"SELECT COUNT(categoryID) AS totalCat From tab_category  WHERE tab_category.type = 2 "_s,
+                          u"SELECT COUNT(passwordID) AS totalPassword From tab_password "_s,
+                          u"SELECT COUNT(noteID) AS totalNote From tab_note "_s}));
+}
+
+SNIPVALE_TEST(tst_ArchiveRows)
+#include "tst_ArchiveRows.moc"
