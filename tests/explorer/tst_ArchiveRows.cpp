@@ -22,16 +22,18 @@ private slots:
 void tst_ArchiveRows::categoriesOfADamagedArchive()
 {
     ArchiveFixture f;
-    const auto add = [&f](const QString& values) {
-        ArchiveUnit(f.archive)
-            .Execute(u"INSERT INTO tab_category (categoryID, parentID, type, name) VALUES (%1)"_s.arg(values));
-    };
+    QStringList rowsToAdd;
     // Below itself, in a ring, below nothing, without a type; and a chain of 500.
     for (const char* values : {"50, 50, 0, 'self'", "51, 52, 0, 'ring'", "52, 51, 0, 'ring2'", "53, 4711, 0, 'orphan'",
                                "54, 1, NULL, 'untyped'", "55, 1, 9, 'odd type'"})
-        add(QString::fromLatin1(values));
+        rowsToAdd.append(QString::fromLatin1(values));
     for (int id = 100; id < 600; ++id)
-        add(u"%1, %2, 1, 'deep'"_s.arg(id).arg(id == 100 ? 1 : id - 1));
+        rowsToAdd.append(u"%1, %2, 1, 'deep'"_s.arg(id).arg(id == 100 ? 1 : id - 1));
+    {
+        ArchiveUnit unit(f.archive);
+        for (const QString& values : std::as_const(rowsToAdd))
+            unit.Execute(u"INSERT INTO tab_category (categoryID, parentID, type, name) VALUES (%1)"_s.arg(values));
+    }
     f.statements.clear();
     const CategoryRows rows = readCategories(f.archive);
     QCOMPARE(f.statements.first(), u" SELECT * FROM tab_category WHERE parentID = 0  ORDER BY tab_category.name "_s);
