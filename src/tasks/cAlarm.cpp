@@ -92,9 +92,9 @@ bool cAlarmQueue::openNext()
             m_onAlert();
             return true;
         }
-        if (error.isEmpty() || m_toldErrors.contains(error))
+        if (error.isEmpty() || m_shownErrors.contains(error))
             continue;
-        m_toldErrors.insert(error);
+        m_shownErrors.insert(error);
         reportError(m_questions, u"ShowAlert"_s, error);
         return true; // others worked while the message was up
     }
@@ -104,7 +104,7 @@ bool cAlarmQueue::openNext()
 void cAlarmQueue::clear()
 {
     m_waiting.clear();
-    m_toldErrors.clear();
+    m_shownErrors.clear();
     m_lastFailure.clear();
 }
 

@@ -47,7 +47,7 @@ public:
     cAlarmQueue(AlarmForms& forms, Questions& questions, std::function<void()> onAlert);
 
     void setDue(const QList<qint32>& todoIDs); // all that are due now
-    // A check failed. It is told once, not at each tick, until a check succeeds again.
+    // A check failed. It is shown once, not at each tick, until a check succeeds again.
     void checkFailed(const QString& description);
     // Opens the next one that waits. False when none waits or there is no room.
     bool openNext();
@@ -59,7 +59,7 @@ private:
     Questions& m_questions;
     std::function<void()> m_onAlert;
     QList<qint32> m_waiting;
-    QSet<QString> m_toldErrors; // of rows: a damaged one must not be told at each tick
+    QSet<QString> m_shownErrors; // of rows: a damaged one must not be shown at each tick
     QString m_lastFailure; // of the check
 };
 

@@ -150,6 +150,9 @@ void tst_cAlarm::thoseThatWaitAreStillDue()
     f.run(u"DELETE * FROM tab_todo WHERE todoID = 2"_s);
     f.run(u"UPDATE tab_todo SET tab_todo.alarmOn = 0 WHERE (tab_todo.todoID = 3)"_s);
     f.run(u"UPDATE tab_todo SET tab_todo.alarmDate = '2026-3-4 9:5:1' WHERE (tab_todo.todoID = 4)"_s);
+    QCOMPARE(f.queue.waiting(), 4);
+    f.check();
+    QCOMPARE(f.queue.waiting(), 1);
     f.forms.opened.clear();
     QVERIFY(f.queue.openNext());
     QCOMPARE(f.forms.seen, (QList<qint32>{1, 5}));

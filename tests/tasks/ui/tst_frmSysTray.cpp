@@ -160,9 +160,16 @@ void tst_frmSysTray::closingGoesToTheTray()
     f.window.setWindowState(Qt::WindowMinimized); // by its own button
     QVERIFY(f.window.isHidden());
     f.window.showNormal();
-    f.isThere = false; // where it could not be found again it is not hidden
-    f.window.close();
-    QVERIFY(!f.window.isLeft && f.window.isVisible() && f.window.isMinimized());
+    QDialog dialog; // behind one, or without a tray, it could not be found again: it is not hidden
+    dialog.setModal(true);
+    dialog.show();
+    for (const bool isThere : {true, false}) {
+        f.isThere = isThere;
+        f.window.close();
+        QVERIFY(!f.window.isLeft && f.window.isVisible() && f.window.isMinimized());
+        f.window.showNormal();
+        dialog.hide();
+    }
 }
 
 void tst_frmSysTray::theTrayGoesAway()
