@@ -156,27 +156,27 @@ void tst_ScintillaView::caretAndBookmarks()
 void tst_ScintillaView::edits()
 {
     Pane p;
-    p.view.setText(QByteArray("z\0z", 3));
-    p.code.SetLexer(1);
-    p.view.send(SCI.SELECTALL);
-    QCOMPARE(p.edited.size(), 0);
-    QTest::keyClick(&p.view, Qt::Key_Z); // replaces the selection
-    QVERIFY(!p.edited.isEmpty());
-    p.edited.clear();
-    p.view.send(SCI.UNDO);
-    QVERIFY(!p.edited.isEmpty());
-    QCOMPARE(p.view.text(), QByteArray("z\0z", 3));
-    p.edited.clear();
-    {
+    const auto isEdit = [&p](const auto& act) {
+        p.edited.clear();
+        act();
+        return !p.edited.isEmpty();
+    };
+    const QByteArray zeros("z\0z", 3);
+    QVERIFY(!isEdit([&] {
+        p.view.setText(zeros);
+        p.code.SetLexer(1);
+        p.view.send(SCI.SELECTALL);
+    }));
+    QVERIFY(isEdit([&] { QTest::keyClick(&p.view, Qt::Key_Z); })); // replaces the selection
+    QVERIFY(isEdit([&] { p.view.send(SCI.UNDO); }) && p.view.text() == zeros);
+    QVERIFY(!isEdit([&] {
         const ScintillaView::Silence silence(p.view);
         p.view.send(SCI.REDO);
         p.view.setText("x"); // its own silence must not end this one
         p.view.send(SCI.SELECTALL);
         p.view.send(SCI.CLEAR);
-    }
-    QCOMPARE(p.edited.size(), 0);
-    QTest::keyClick(&p.view, Qt::Key_A);
-    QCOMPARE(p.edited.size(), 1);
+    }));
+    QVERIFY(isEdit([&] { QTest::keyClick(&p.view, Qt::Key_A); }));
 }
 
 void tst_ScintillaView::pasteAndDrop()
