@@ -139,6 +139,7 @@ void tst_cScintilla::braces()
         {"a", 0, 0, none}, // none before the start
         {"f(x)", 1, 3, u"2351 3 1"_s},
         {"f(x)", 4, 1, u"2351 1 3"_s}, // before the caret
+        {"(x)", 1, 2, u"2351 2 0"_s},
         {"[{}]", 1, 2, u"2351 2 1"_s}, // the caret's goes first
         {"<>", 1, 0, u"2351 0 1"_s},
         {"(", 0, -1, u"2352 0 0"_s},
