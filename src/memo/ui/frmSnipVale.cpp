@@ -330,14 +330,9 @@ void frmSnipVale::saveCodeFile()
 void frmSnipVale::makeNoteBar()
 {
     RichTextBox& notes = *m_ui->rtfMemoNotes;
-    RichTextBar::Setup setup;
-    setup.keys = {u"New"_s,    u"Open"_s,    u"Save"_s,       u"Print"_s,  u"|"_s,           u"Cut"_s,
-                  u"Copy"_s,   u"Paste"_s,   u"|"_s,          u"Bold"_s,   u"Italic"_s,      u"Underline"_s,
-                  u"Color"_s,  u"|"_s,       u"Align Left"_s, u"Center"_s, u"Align Right"_s, u"|"_s,
-                  u"Number"_s, u"Bullets"_s, u"Outdent"_s,    u"Indent"_s};
-    setup.hidden = {u"New"_s, u"Save"_s, u"Number"_s}; // they do nothing
-    setup.icon = themedIcon;
-    auto* bar = new RichTextBar(notes, setup, m_ui->noteBody);
+    const QString keys = u"New,Open,Save,Print,|,Cut,Copy,Paste,|,Bold,Italic,Underline,Color,|,Align Left,Center,"
+                         "Align Right,|,Number,Bullets,Outdent,Indent"_s;
+    auto* bar = new RichTextBar(notes, keys.split(u','), m_ui->noteBody);
     bar->setIconSize(m_ui->tbToolBarMemo->iconSize());
     m_ui->layNoteBody->insertWidget(0, bar);
     bar->join(m_context.desktop, m_ui->imgNoteEqual);

@@ -81,14 +81,9 @@ void frmToDo::prepareControls()
 void frmToDo::makeNoteBar()
 {
     RichTextBox& notes = *m_ui->rtfDescription;
-    RichTextBar::Setup setup;
-    setup.keys = {u"New"_s,     u"Open"_s,       u"Save"_s,    u"Print"_s,       u"|"_s,      u"Cut"_s,
-                  u"Copy"_s,    u"Paste"_s,      u"|"_s,       u"Bold"_s,        u"Italic"_s, u"Underline"_s,
-                  u"|"_s,       u"Align Left"_s, u"Center"_s,  u"Align Right"_s, u"|"_s,      u"Color"_s,
-                  u"Numbers"_s, u"Bullets"_s,    u"Outdent"_s, u"Indent"_s};
-    setup.hidden = {u"New"_s, u"Save"_s, u"Numbers"_s}; // they do nothing
-    setup.icon = themedIcon;
-    auto* bar = new RichTextBar(notes, setup, this);
+    const QString keys = u"New,Open,Save,Print,|,Cut,Copy,Paste,|,Bold,Italic,Underline,|,Align Left,Center,"
+                         "Align Right,|,Color,Numbers,Bullets,Outdent,Indent"_s;
+    auto* bar = new RichTextBar(notes, keys.split(u','), this);
     bar->setIconSize({16, 16});
     m_ui->layDescription->insertWidget(0, bar);
     bar->join(m_context.desktop, m_ui->txtName);

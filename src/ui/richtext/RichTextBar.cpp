@@ -5,6 +5,7 @@
 #include "desktop/Desktop.h"
 #include "desktop/Questions.h"
 #include "ui/widgets/Colors.h"
+#include "ui/widgets/Icons.h"
 
 #include <QComboBox>
 #include <QFontDatabase>
@@ -125,24 +126,24 @@ QComboBox* newCombo(const QString& name, const QString& what, int characters, QW
 
 } // namespace
 
-RichTextBar::RichTextBar(RichTextBox& box, const Setup& setup, QWidget* parent) : QToolBar(parent), m_box(box)
+RichTextBar::RichTextBar(RichTextBox& box, const QStringList& keys, QWidget* parent) : QToolBar(parent), m_box(box)
 {
-    setObjectName(setup.bar);
+    setObjectName(u"tbToolBarNote"_s);
     setMovable(false);
     setToolButtonStyle(Qt::ToolButtonIconOnly);
-    addCombos(setup);
-    addCommands(setup);
+    addCombos();
+    addCommands(keys);
     setUpButtons();
     connect(&box, &RichTextBox::lookChanged, this, &RichTextBar::showLook);
     showLook();
 }
 
-void RichTextBar::addCombos(const Setup& setup)
+void RichTextBar::addCombos()
 {
-    m_family = newCombo(setup.fontName, u"Font"_s, 14, this);
+    m_family = newCombo(u"cmbFontName"_s, u"Font"_s, 14, this);
     m_family->addItems(fontNames());
     m_family->view()->setMinimumWidth(m_family->fontMetrics().averageCharWidth() * 32);
-    m_points = newCombo(setup.fontSize, u"Font size"_s, 3, this);
+    m_points = newCombo(u"cmbFontSize"_s, u"Font size"_s, 3, this);
     for (int points = smallestPoints; points <= largestPoints; ++points)
         m_points->addItem(QString::number(points));
     addWidget(m_family);
@@ -155,20 +156,19 @@ void RichTextBar::addCombos(const Setup& setup)
         connect(combo, &QComboBox::activated, &m_box, [this] { m_box.setFocus(); });
 }
 
-void RichTextBar::addCommands(const Setup& setup)
+void RichTextBar::addCommands(const QStringList& keys)
 {
-    for (const QString& key : setup.keys) {
+    for (const QString& key : keys) {
         const Button* button = buttonOf(key);
         if (key == u'|')
             addSeparator();
         if (!button)
             continue;
-        const QString iconName = QString::fromLatin1(button->icon);
-        auto* action = new QAction(setup.icon ? setup.icon(iconName) : QIcon::fromTheme(iconName), key, this);
+        auto* action = new QAction(themedIcon(QString::fromLatin1(button->icon)), key, this);
         action->setObjectName(key);
         action->setToolTip(tipOf(*button));
         action->setCheckable(button->staysPressed);
-        action->setVisible(!setup.hidden.contains(key));
+        action->setVisible(button->kind != Kind::Inert);
         connect(action, &QAction::triggered, this, [this, key] { trigger(key); });
         addAction(action);
     }

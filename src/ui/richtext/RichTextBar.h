@@ -4,7 +4,6 @@
 
 #include "ui/richtext/RichTextBox.h"
 
-#include <QIcon>
 #include <QToolBar>
 #include <functional>
 #include <optional>
@@ -16,23 +15,13 @@ struct Desktop;
 class RichTextBar : public QToolBar {
     Q_OBJECT
 public:
-    struct Setup {
-        // Object names.
-        QString bar = QStringLiteral("tbToolBarNote");
-        QString fontName = QStringLiteral("cmbFontName");
-        QString fontSize = QStringLiteral("cmbFontSize");
-        // The buttons in their order, "|" for a separator; an unknown key is left out. Known are "New", "Open",
-        // "Save", "Print", "Cut", "Copy", "Paste", "Bold", "Italic", "Underline", "Align Left", "Center",
-        // "Align Right", "Color", "Number", "Numbers", "Bullets", "Outdent" and "Indent". "New", "Save",
-        // "Number" and "Numbers" are there and do nothing.
-        QStringList keys;
-        QStringList hidden; // of them, those that are not shown
-        std::function<QIcon(const QString& name)> icon = {}; // by freedesktop name; empty: the icon theme
-    };
     using PickColor = std::function<std::optional<QColor>(const QColor& initial)>;
 
-    // The box must outlive the bar. An action's object name is its key.
-    RichTextBar(RichTextBox& box, const Setup& setup, QWidget* parent = nullptr);
+    // The box must outlive the bar. `keys` are the buttons in their order, "|" for a separator; an unknown key is left
+    // out. Known are "New", "Open", "Save", "Print", "Cut", "Copy", "Paste", "Bold", "Italic", "Underline",
+    // "Align Left", "Center", "Align Right", "Color", "Number", "Numbers", "Bullets", "Outdent" and "Indent". "New",
+    // "Save", "Number" and "Numbers" are there, do nothing and are not shown. An action's object name is its key.
+    RichTextBar(RichTextBox& box, const QStringList& keys, QWidget* parent = nullptr);
 
     QAction* command(const QString& key) const; // null when the key is not on this bar
     void setPickColor(PickColor pick) { m_pickColor = std::move(pick); }
@@ -48,8 +37,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void addCommands(const Setup& setup);
-    void addCombos(const Setup& setup);
+    void addCommands(const QStringList& keys);
+    void addCombos();
     void setUpButtons();
     void trigger(const QString& key);
     void chooseColor();
