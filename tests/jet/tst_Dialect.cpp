@@ -70,10 +70,9 @@ const Case readable[] = {
      u"größe;Strings"_s},
     {u"SELECT memoName FROM tab_memo WHERE memoName IN ('FILES', 'nothing') OR memoName IS NULL"_s, u"Files"_s},
     {u"SELECT COUNT(name) AS n FROM tab_todo GROUP BY done HAVING COUNT(name) > 2"_s, u"3"_s},
-    {u"SELECT name & '!' FROM tab_todo WHERE [todoID] = 1;"_s, u"todo 1!"_s},
-};
+    {u"SELECT name & '!' FROM tab_todo WHERE [todoID] = 1;"_s, u"todo 1!"_s}};
 
-// Each of these ends in a description, and changes nothing.
+// Each of these ends in a description, and changes nothing. The last ones try to reach other files, settings and code.
 const Case refused[] = {
     {u"SELECT * FROM tab_memo WHERE 1 <> 1   OR ( tab_memo.memoName LIKE '%O'Hara%' )"_s, u"Syntax error"_s},
     {u"SELECT * FROM tab_memo WHERE memoName LIKE '%[abc%'"_s, u"Invalid pattern"_s},
@@ -94,7 +93,6 @@ const Case refused[] = {
     {u"DROP TABLE tab_category"_s, u"refers to it"_s},
     {u""_s, u"Invalid SQL"_s},
     {u"SELECT 1; DELETE * FROM tab_todo"_s, u"after end"_s},
-    // Other files, settings and code.
     {u"ATTACH DATABASE '/tmp/x' AS x"_s, u"Invalid SQL"_s},
     {u"PRAGMA writable_schema = 1"_s, u"Invalid SQL"_s},
     {u"WITH x AS (SELECT 1) SELECT * FROM x"_s, u"Invalid SQL"_s},
@@ -104,8 +102,7 @@ const Case refused[] = {
     {u"UPDATE sqlite_schema SET sql = ''"_s, u"sqlite_"_s},
     {u"UPDATE tab_todo SET name = randomblob(9)"_s, u"authorized"_s},
     {u"CREATE TABLE x (y LONG) AS SELECT 1"_s, u"Syntax error"_s},
-    {u"CREATE TRIGGER x AFTER DELETE ON tab_todo BEGIN SELECT 1 END"_s, u"TABLE"_s},
-};
+    {u"CREATE TRIGGER x AFTER DELETE ON tab_todo BEGIN SELECT 1 END"_s, u"TABLE"_s}};
 
 } // namespace
 
