@@ -4,8 +4,6 @@
 
 #include <QCryptographicHash>
 #include <QFileInfo>
-
-#ifdef Q_OS_LINUX
 #include <cerrno>
 #include <cstring>
 #include <sys/socket.h>
@@ -70,12 +68,3 @@ void SocketInstance::received()
     if (asked && onBringToFront)
         onBringToFront();
 }
-
-#else
-
-SocketInstance::SocketInstance(const QString&) { }
-SocketInstance::~SocketInstance() = default;
-void SocketInstance::bringToFront() { }
-void SocketInstance::received() { }
-
-#endif

@@ -17,7 +17,7 @@ public:
 };
 
 // One datagram socket a home folder, in Linux' abstract name space (unix(7)): the name is free again the moment
-// the process ends, however it ends, so no stale lock is ever left. On other systems every start is the first.
+// the process ends, however it ends, so no stale lock is ever left.
 class SocketInstance final : public PreviousInstance {
 public:
     explicit SocketInstance(const QString& homeFolder);

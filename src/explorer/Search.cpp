@@ -65,7 +65,7 @@ std::vector<SearchHit> searchElements(Archive& archive, ElementKind kind, const 
     QByteArray languageBytes;
     for (; !set.eof(); set.moveNext()) {
         if (type >= 0 && set.view(type) != languageBytes) { // neighbours share one text
-            languageBytes = set.utf8(type);
+            languageBytes = set.view(type).toByteArray();
             language = QString::fromUtf8(languageBytes);
         }
         hits.push_back({{kind, qint32(set.integer(id))}, qint32(set.integer(category)), set.text(name), language});

@@ -6,7 +6,6 @@
 #include "jet/Dialect.h"
 #include "jet/Error.h"
 #include "jet/Query.h"
-#include "jet/SqlFunctions.h"
 
 #include <sqlite3.h>
 

@@ -34,4 +34,11 @@ QString engineVersion();
 // A file that is known to be ours, also a damaged one: no check, no settings that read it. Throws Error.
 Database openUnchecked(const QString& path);
 
+// Makes text comparison, LIKE and the conversion of assigned values ours on this connection.
+void installTextRules(sqlite3* database);
+
+// From here on, statements of this connection cannot reach other files, settings or code: no ATTACH, no PRAGMA,
+// no functions but the plain ones, no triggers, views or virtual tables made.
+void installGuard(sqlite3* database);
+
 } // namespace jet

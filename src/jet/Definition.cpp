@@ -241,16 +241,10 @@ private:
             return otherwise;
         const bool negative = m_cursor.next("-");
         const Token& token = m_cursor.take();
-        Cell value;
-        if (token.kind == Token::Number)
-            value = numberCell(token.text, negative);
-        else if (token.kind == Token::Text)
-            value = token.text;
-        else if (token.is("TRUE") || token.is("FALSE"))
-            value = std::int64_t(token.is("TRUE") ? -1 : 0);
-        else if (!token.is("NULL"))
+        auto value = literalValue(token, negative);
+        if (!value)
             fail("Syntax error in field definition at '" + token.text + "'.");
-        return " DEFAULT " + sqlLiteral(coerce(std::move(value), type, name));
+        return " DEFAULT " + sqlLiteral(coerce(std::move(*value), type, name));
     }
     std::string columnConstraints(const std::string& name, ColumnType type)
     {

@@ -211,7 +211,10 @@ private:
         const Token& token = m_cursor.peek(sign);
         const bool alone = end == m_cursor.place() + sign + 1;
         if (alone && (token.kind == Token::Number || (!sign && !isName(token)))) {
-            bind(coerce(literalCell(token, sign == 1), type, column));
+            auto value = literalValue(token, sign == 1);
+            if (!value)
+                fail("Syntax error in the value" + m_cursor.here());
+            bind(coerce(std::move(*value), type, column));
             m_cursor.goTo(end);
             return;
         }
@@ -220,20 +223,6 @@ private:
         put(",");
         copyUntil(end);
         put(")");
-    }
-    Cell literalCell(const Token& token, bool negative) const
-    {
-        if (token.kind == Token::Number)
-            return numberCell(token.text, negative);
-        if (token.kind == Token::Text)
-            return token.text;
-        if (token.kind == Token::Date)
-            return parseDate(token.text, DateOrder::MonthFirst);
-        if (token.is("TRUE") || token.is("FALSE"))
-            return std::int64_t(token.is("TRUE") ? -1 : 0);
-        if (!token.is("NULL"))
-            fail("Syntax error in the value" + m_cursor.here());
-        return {};
     }
     // A column that is written to, with or without its table in front. SQLite wants it without.
     std::string target(const std::string& table)
@@ -308,6 +297,19 @@ private:
 };
 
 } // namespace
+
+std::optional<Cell> literalValue(const Token& token, bool negative)
+{
+    if (token.kind == Token::Number)
+        return numberCell(token.text, negative);
+    if (token.kind == Token::Text)
+        return token.text;
+    if (token.kind == Token::Date)
+        return parseDate(token.text, DateOrder::MonthFirst);
+    if (token.is("TRUE") || token.is("FALSE"))
+        return std::int64_t(token.is("TRUE") ? -1 : 0);
+    return token.is("NULL") ? std::optional<Cell>(Cell()) : std::nullopt;
+}
 
 std::string quotedName(std::string_view name)
 {

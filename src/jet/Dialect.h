@@ -4,6 +4,7 @@
 
 #include "jet/Types.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,7 @@ struct sqlite3;
 namespace jet {
 
 class TokenCursor;
+struct Token;
 
 // What one statement of the Jet 4 dialect (ANSI-92 wildcards) becomes: SQL of SQLite with a ? for each bind.
 struct Statement {
@@ -28,6 +30,10 @@ Statement translate(std::string_view sql, sqlite3* database);
 
 // CREATE and DROP of tables and indexes, for translate(); the cursor stands at that word.
 Statement translateDefinition(TokenCursor cursor, sqlite3* database);
+
+// What a token stands for as a value; `negative` after a minus. Nothing when it is no literal. Throws Error for no
+// date.
+std::optional<Cell> literalValue(const Token& token, bool negative);
 
 // "name", with quotes inside it doubled.
 std::string quotedName(std::string_view name);

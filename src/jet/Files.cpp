@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "jet/Files.h"
 
-#include "jet/Maintenance.h"
 #include "jet/Value.h"
 
 #include <QDir>
@@ -106,15 +105,6 @@ QString realPath(const QString& path)
         return real;
     const QString folder = QFileInfo(info.absolutePath()).canonicalFilePath();
     return folder.isEmpty() ? info.absoluteFilePath() : QDir(folder).filePath(info.fileName());
-}
-
-bool isSameFile(const QString& a, const QString& b)
-{
-    struct stat first {
-    }, second{};
-    return stat(QFile::encodeName(a).constData(), &first) == 0 &&
-        stat(QFile::encodeName(b).constData(), &second) == 0 && first.st_dev == second.st_dev &&
-        first.st_ino == second.st_ino;
 }
 
 } // namespace jet

@@ -14,6 +14,7 @@
 #include <QFileInfo>
 #include <QRandomGenerator>
 #include <sqlite3.h>
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -263,6 +264,15 @@ void copyArchive(const QString& from, const QString& to)
     const Database replaced = lockReplaced(target);
     giveModeAndOwner(target, work.path());
     work.moveTo(target);
+}
+
+bool isSameFile(const QString& a, const QString& b)
+{
+    struct stat first {
+    }, second{};
+    return stat(QFile::encodeName(a).constData(), &first) == 0 &&
+        stat(QFile::encodeName(b).constData(), &second) == 0 && first.st_dev == second.st_dev &&
+        first.st_ino == second.st_ino;
 }
 
 } // namespace jet

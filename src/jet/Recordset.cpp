@@ -144,11 +144,6 @@ qint64 Recordset::integer(int column) const
     return sqlite3_column_int64(m->row, column);
 }
 
-double Recordset::real(int column) const
-{
-    return sqlite3_column_double(m->row, column);
-}
-
 bool Recordset::boolean(int column) const
 {
     return sqlite3_column_int64(m->row, column) != 0;
@@ -158,12 +153,6 @@ QString Recordset::text(int column) const
 {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(m->row, column));
     return QString::fromUtf8(text, sqlite3_column_bytes(m->row, column));
-}
-
-QByteArray Recordset::utf8(int column) const
-{
-    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(m->row, column));
-    return QByteArray(text, sqlite3_column_bytes(m->row, column));
 }
 
 QByteArrayView Recordset::view(int column) const

@@ -4,7 +4,6 @@
 
 #include "jet/Value.h"
 
-#include <QByteArray>
 #include <QByteArrayView>
 #include <QStringList>
 #include <memory>
@@ -32,11 +31,10 @@ public:
     int index(const QString& name) const; // for loops over many rows
     bool isNull(int column) const;
     qint64 integer(int column) const;
-    double real(int column) const;
     bool boolean(int column) const;
     QString text(int column) const;
-    QByteArray utf8(int column) const; // the bytes as stored, for text that must not be decoded
-    QByteArrayView view(int column) const; // the same without a copy, until moveNext or another call for this column
+    // The bytes as stored, for text that must not be decoded: until moveNext or another call for this column.
+    QByteArrayView view(int column) const;
     QDateTime dateTime(int column) const;
     LocalMoment moment(int column) const; // much faster: a time zone costs 2 microseconds a value
 

@@ -5,7 +5,6 @@
 #include "jet/Database.h"
 #include "jet/Dialect.h"
 #include "jet/Query.h"
-#include "jet/SqlFunctions.h"
 
 #include <algorithm>
 #include <deque>
