@@ -58,9 +58,8 @@ void search(benchmark::State& state)
     archive.setPath(searchedArchive());
     state.SetLabel(word.label);
     for (auto _ : state) {
-        std::vector<SearchHit> hits;
-        searchElements(
-            archive, ElementKind::Memo, QStringView(word.text).toString(), {}, [] { return true; }, hits);
+        const std::vector<SearchHit> hits =
+            searchElements(archive, ElementKind::Memo, QStringView(word.text).toString(), {}, [] { return true; });
         if (qint64(hits.size()) != word.hits)
             state.SkipWithError("wrong number of hits");
     }
