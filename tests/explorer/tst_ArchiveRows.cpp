@@ -31,8 +31,10 @@ void tst_ArchiveRows::categoriesOfADamagedArchive()
         rowsToAdd.append(u"%1, %2, 1, 'deep'"_s.arg(id).arg(id == 100 ? 1 : id - 1));
     {
         ArchiveUnit unit(f.archive);
+        jet::Connection::Transaction transaction(unit.connection());
         for (const QString& values : std::as_const(rowsToAdd))
             unit.Execute(u"INSERT INTO tab_category (categoryID, parentID, type, name) VALUES (%1)"_s.arg(values));
+        transaction.commit();
     }
     f.statements.clear();
     const CategoryRows rows = readCategories(f.archive);
