@@ -7,6 +7,8 @@ using namespace Qt::StringLiterals;
 const ElementWords& wordsOf(ElementKind kind)
 {
     static const ElementWords words[] = {
+        // name, image; tags of category, list and search; key suffix, table, key column, the same for deleting; status,
+        // in a drag
         {u"Memo"_s, u"memo"_s, u"category"_s, u"Memo"_s, u"MEMO"_s, u" M_ID"_s, u"tab_memo"_s, u"memoID"_s, u"memoID"_s,
          u"Memo -  items: "_s, u"memo"_s},
         {u"Bookmark"_s, u"bookmark"_s, u"bookmark"_s, u"bookmark"_s, u"BOOKMARK"_s, u" B_ID"_s, u"tab_bookmark"_s,

@@ -17,9 +17,8 @@ inline ElementKind elementKind(qint64 type)
 
 // What the three kinds are called, wherever they differ by a word only.
 struct ElementWords {
-    QString
-        name; // "ToDo": of the section, the commands ("miToDoNew"), the menu ("mnuToDo"), the routines ("DeleteToDo")
-    QString image; // "todo": the picture of an element
+    QString name; // "ToDo": of the section, the command "miToDoNew", the menu "mnuToDo", the routine "DeleteToDo"
+    QString image; // "todo": of the picture, and of the name's column in the search
     QString categoryTag; // "category" (of a memo), "bookmark", "todo": of the node of its category
     QString listTag; // "Memo", "bookmark", "todo": of its item in the list of its category
     QString hitTag; // "MEMO", "BOOKMARK", "TODO": of its item in the list of the search

@@ -10,6 +10,8 @@
 #include <QPoint>
 #include <array>
 #include <functional>
+#include <optional>
+#include <vector>
 
 class DropHover;
 class ExplorerTreeView;

@@ -6,11 +6,9 @@
 
 #include <QObject>
 #include <QStringList>
-#include <functional>
 #include <vector>
 
 class Archive;
-class BookmarkList;
 class CategoryList;
 class FrameServices;
 class ListView;

@@ -303,15 +303,7 @@ void tst_SearchPane::hostileTexts_data()
     QTest::newRow("two quotes") << u"it''s"_s << u"it''s"_s << 1;
     QTest::newRow("statement") << u"'; DELETE * FROM tab_memo; --"_s << u"x"_s << -1;
     QTest::newRow("closed condition") << u"zz%' ) OR ( 1 = 1 ) OR ( 'a' LIKE '"_s << u"x"_s << 2;
-    QTest::newRow("double quote") << u"\"a\""_s << u"say \"a\""_s << 1;
     QTest::newRow("percent matches all") << u"%"_s << u"x"_s << 2;
-    QTest::newRow("percent as a letter") << u"100[%]"_s << u"100%"_s << 1;
-    QTest::newRow("underscore") << u"a_c"_s << u"abc"_s << 1;
-    QTest::newRow("list") << u"[b-d]og"_s << u"dog"_s << 1;
-    QTest::newRow("date mark") << u"#1#"_s << u"#1#"_s << 1;
-    QTest::newRow("comment") << u"-- /* x"_s << u"-- /* x"_s << 1;
-    QTest::newRow("backslash") << u"c:\\new"_s << u"c:\\new"_s << 1;
-    QTest::newRow("Cyrillic in the other case") << u"ЗАМЕТКА"_s << u"моя заметка"_s << 1;
     QTest::newRow("emoji") << u"\U0001F600"_s << u"smile \U0001F600"_s << 1;
     QTest::newRow("half a surrogate") << QString(QChar(0xD83D)) << u"x"_s << 0;
     QTest::newRow("a megabyte") << QString(1000000, u'x') << u"x"_s << 0;
@@ -350,11 +342,6 @@ void tst_SearchPane::errorsKeepTheHits()
     e.questions.expect(QString());
     e.search(u"sort"_s);
     QVERIFY(e.questions.asked.last().text.startsWith("Error in SearchToDo: "_L1));
-    QCOMPARE(e.texts(e.hits()).size(), 3);
-    e.loseArchive();
-    e.questions.expect(QString());
-    e.search(u"sort"_s);
-    QVERIFY(e.questions.asked.last().text.startsWith("Error in SearchMemo: "_L1));
     QCOMPARE(e.texts(e.hits()).size(), 3);
 }
 
