@@ -3,7 +3,7 @@
 // Opening a memo, filling the list of a category and saving a memo, each beside the same work on raw SQLite.
 #include "BenchArchive.h"
 
-#include "explorer/ui/MemoListModel.h"
+#include "explorer/ui/ElementLists.h"
 #include "memo/cMemo.h"
 
 #include <QDir>
@@ -80,11 +80,9 @@ void openMemoRaw(benchmark::State& state)
 void fillList(benchmark::State& state)
 {
     Ours ours(int(state.range(0)));
-    MemoListModel model;
+    MemoList model;
     for (auto _ : state) {
-        std::vector<MemoRow> rows;
-        readMemoRows(ours.archive, 1, rows);
-        model.setRows(std::move(rows));
+        model.read(ours.archive, 1);
         if (model.rowCount() != state.range(0))
             state.SkipWithError("rows are missing");
     }

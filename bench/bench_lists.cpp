@@ -3,7 +3,7 @@
 // Sorting the list of a category by name and by date, beside sorting the same texts as they are.
 #include "BenchArchive.h"
 
-#include "explorer/ui/MemoListModel.h"
+#include "explorer/ui/ElementLists.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
@@ -20,15 +20,14 @@ std::vector<MemoRow> rowsOf(int memos)
     const SystemClock clock;
     Archive archive(questions, clock);
     archive.setPath(archiveWith(memos));
-    std::vector<MemoRow> rows;
-    readMemoRows(archive, 1, rows);
+    std::vector<MemoRow> rows = readMemoRows(archive, 1);
     std::shuffle(rows.begin(), rows.end(), std::mt19937(1));
     return rows;
 }
 
 void sortList(benchmark::State& state)
 {
-    MemoListModel model;
+    MemoList model;
     model.setRows(rowsOf(int(state.range(0))));
     auto order = Qt::DescendingOrder;
     for (auto _ : state) {
