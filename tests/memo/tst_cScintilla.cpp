@@ -81,7 +81,6 @@ private slots:
     void initTestCase();
     void numberMargin();
     void braces();
-    void setLexer_data();
     void setLexer();
     void defaultComesFirst();
     void names();
@@ -169,52 +168,44 @@ void tst_cScintilla::braces()
     }
 }
 
-void tst_cScintilla::setLexer_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QString>("messages");
-    const auto row = [](const char* name, int number, const QString& messages, const QByteArray& text = {}) {
-        QTest::newRow(name) << number << text << messages;
-    };
-    const QString page = u"4001 4 0|2090 5 0|2090 7 0|4004 'asp.default.language' '%1'|2060 29 1"_s;
-    row("C++", 3, u"4001 3 0|2090 5 0|"_s + cppOptions.arg(0).arg(0) + u"2060 7 1|4005 0 'int'"_s);
-    row("Visual Basic", 8, u"4001 8 0|2090 5 0|2060 8 1|4005 0 'Dim'"_s);
-    row("server page", 29, page.arg(3) + u"|4005 0 'asp'|"_s + serverPageSets);
-    row("server page 101", 101, page.arg(1) + u"|4005 0 'asp'"_s);
-    row("102 has no words", 102, page.arg(2));
-    row("103 has no words", 103, page.arg(3));
-    row("HTML", 4, u"4001 4 0|2090 5 0|2090 7 0|2060 4 1|4005 0 'b'|"_s + serverPageSets);
-    row("XML", 5, u"4001 5 0|2090 5 0|2090 7 0|4005 0 'xml'"_s);
-    row("PHP in HTML", 30, u"4001 4 0|2090 5 0|2090 7 0|4005 0 'echo'|4005 4 'echo'"_s, "<p><?php"_ba);
-    row("PHP alone", 30, u"4001 69 0|2090 5 0|2090 7 0|4005 0 'echo'|4005 4 'echo'"_s, "echo 1;"_ba);
-    row("Xcode goes as C++", 13, u"4001 3 0|2090 5 0|"_s + cppOptions.arg(0).arg(0) + u"4005 0 'xcode'"_s);
-    row("a name without a row", 41, u"4001 41 0|2090 5 0|4005 0 ''"_s);
-    row("Python", 2, u"4001 2 0|2090 5 0|2060 22 1|4005 0 'def'"_s);
-    row("a number of today", 98, u"4001 98 0|2090 5 0|4005 0 'md'"_s);
-    row("JavaScript", 2003, u"4001 3 0|2090 5 0|"_s + cppOptions.arg(1).arg(0) + u"2060 33 1|4005 0 'let'"_s);
-    row("Java", 1003, u"4001 3 0|2090 5 0|"_s + cppOptions.arg(0).arg(1) + u"4005 0 'java'"_s);
-    row("bare PHP", 1069, u"4001 69 0|2090 5 0|4005 0 'php'|4005 4 'php'"_s);
-    row("no row for it", 111, u"4001 111 0|2090 5 0"_s);
-    row("no row for a thousand", 9003, u"4001 3 0|2090 5 0"_s);
-    row("a wild number", -7, u"4001 -7 0|2090 5 0"_s);
-}
-
 void tst_cScintilla::setLexer()
 {
-    QFETCH(int, number);
-    QFETCH(QByteArray, text);
-    Recorder editor;
-    editor.content = text;
-    cScintilla code(editor, m_languages->archive, "3");
-    code.SetLexer(number);
-    // Behind what every language has: from the lexer's number on, without folding. The built-in lists are long: their
-    // first words tell them apart.
-    QStringList messages = editor.sent.sliced(editor.sent.indexOf(u"2032 0 0"_s) + 1);
-    messages.removeIf([](const QString& message) { return message.startsWith(u"4004 'fold"); });
-    for (QString& message : messages)
-        message.truncate(message.startsWith(u"4005") ? 24 : 1000);
-    QTEST(messages.join(u'|'), "messages");
+    const QString page = u"4001 4 0|2090 5 0|2090 7 0|4004 'asp.default.language' '%1'|2060 29 1"_s;
+    const std::tuple<int, QByteArray, QString> rows[] = {
+        {3, "", u"4001 3 0|2090 5 0|"_s + cppOptions.arg(0).arg(0) + u"2060 7 1|4005 0 'int'"_s}, // C++
+        {8, "", u"4001 8 0|2090 5 0|2060 8 1|4005 0 'Dim'"_s}, // Visual Basic
+        {29, "", page.arg(3) + u"|4005 0 'asp'|"_s + serverPageSets}, // server page
+        {101, "", page.arg(1) + u"|4005 0 'asp'"_s}, // server page 101
+        {102, "", page.arg(2)}, // 102 has no words
+        {103, "", page.arg(3)}, // 103 has no words
+        {4, "", u"4001 4 0|2090 5 0|2090 7 0|2060 4 1|4005 0 'b'|"_s + serverPageSets}, // HTML
+        {5, "", u"4001 5 0|2090 5 0|2090 7 0|4005 0 'xml'"_s}, // XML
+        {30, "<p><?php", u"4001 4 0|2090 5 0|2090 7 0|4005 0 'echo'|4005 4 'echo'"_s}, // PHP in HTML
+        {30, "echo 1;", u"4001 69 0|2090 5 0|2090 7 0|4005 0 'echo'|4005 4 'echo'"_s}, // PHP alone
+        {13, "", u"4001 3 0|2090 5 0|"_s + cppOptions.arg(0).arg(0) + u"4005 0 'xcode'"_s}, // Xcode goes as C++
+        {41, "", u"4001 41 0|2090 5 0|4005 0 ''"_s}, // a name without a row
+        {2, "", u"4001 2 0|2090 5 0|2060 22 1|4005 0 'def'"_s}, // Python
+        {98, "", u"4001 98 0|2090 5 0|4005 0 'md'"_s}, // a number of today
+        {2003, "", u"4001 3 0|2090 5 0|"_s + cppOptions.arg(1).arg(0) + u"2060 33 1|4005 0 'let'"_s}, // JavaScript
+        {1003, "", u"4001 3 0|2090 5 0|"_s + cppOptions.arg(0).arg(1) + u"4005 0 'java'"_s}, // Java
+        {1069, "", u"4001 69 0|2090 5 0|4005 0 'php'|4005 4 'php'"_s}, // bare PHP
+        {111, "", u"4001 111 0|2090 5 0"_s}, // no row for it
+        {9003, "", u"4001 3 0|2090 5 0"_s}, // no row for a thousand
+        {-7, "", u"4001 -7 0|2090 5 0"_s}, // a wild number
+    };
+    for (const auto& [number, text, expected] : rows) {
+        Recorder editor;
+        editor.content = text;
+        cScintilla code(editor, m_languages->archive, "3");
+        code.SetLexer(number);
+        // Behind what every language has: from the lexer's number on, without folding. The built-in lists are long:
+        // their first words tell them apart.
+        QStringList messages = editor.sent.sliced(editor.sent.indexOf(u"2032 0 0"_s) + 1);
+        messages.removeIf([](const QString& message) { return message.startsWith(u"4004 'fold"); });
+        for (QString& message : messages)
+            message.truncate(message.startsWith(u"4005") ? 24 : 1000);
+        QCOMPARE(messages.join(u'|'), expected);
+    }
 }
 
 void tst_cScintilla::defaultComesFirst()
