@@ -5,16 +5,12 @@
 #include "app/Settings.h"
 #include "app/modSnipVale.h"
 #include "archive/ErrorTrap.h"
-#include "archive/SqlText.h"
 #include "desktop/Desktop.h"
 #include "desktop/FrameServices.h"
 #include "desktop/Questions.h"
-#include "memo/languages/StyleRows.h"
-#include "memo/languages/ui/frmOptionsLanguage.h"
 #include "ui_frmOptions.h"
 
 #include <QCoreApplication>
-#include <QStandardItemModel>
 #include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
@@ -39,12 +35,9 @@ QStringList startArguments(const QString& home)
 frmOptions::frmOptions(modSnipVale& program, const Desktop& desktop, FrameServices& frame, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::frmOptions>()), m_program(program), m_desktop(desktop), m_frame(frame),
       m_registry(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
-                 startArguments(program.AppPath)),
-      m_languages(new QStandardItemModel(this))
+                 startArguments(program.AppPath))
 {
     m_ui->setupUi(this);
-    m_languages->setHorizontalHeaderLabels({u"Language"_s, u"Description"_s});
-    m_ui->lvwLanguage->setModel(m_languages);
     m_frame.handleCommand(openCommand, u"OpenLanguage"_s, [this] { OpenLanguage(); });
 }
 
@@ -57,7 +50,8 @@ bool frmOptions::Form_Load()
 {
     m_ui->chkRunAtStart->setChecked(!m_registry.GetRegValue(machine, runKey, runName).toString().isEmpty());
     showSettings();
-    const bool isLoaded = trapErrors(m_desktop.questions, u"Form_Load"_s, [this] { loadLanguages(); });
+    const bool isLoaded =
+        trapErrors(m_desktop.questions, u"Form_Load"_s, [this] { m_ui->lvwLanguage->load(m_program.archive); });
     wireFields();
     updateCommands();
     m_ui->chkRunAtStart->setFocus();
@@ -79,23 +73,9 @@ void frmOptions::showSettings()
     (isFlat ? m_ui->optStileXP : m_ui->optStileNormale)->setChecked(true);
 }
 
-void frmOptions::loadLanguages()
-{
-    for (const LanguageRow& language : readEnabledLanguages(m_program.archive)) {
-        auto* name = new QStandardItem(language.name);
-        name->setData(QString::number(language.id) + u" ID"_s, Qt::UserRole);
-        name->setData(language.lexerCode, Qt::UserRole + 1);
-        name->setCheckable(true);
-        name->setCheckState(language.isVisible ? Qt::Checked : Qt::Unchecked);
-        m_languages->appendRow({name, new QStandardItem(language.description)});
-    }
-    m_ui->lvwLanguage->resizeColumnToContents(0);
-    m_ui->lvwLanguage->setCurrentIndex(m_languages->index(0, 0));
-}
-
 void frmOptions::wireFields()
 {
-    ListView* list = m_ui->lvwLanguage;
+    const LanguageList* list = m_ui->lvwLanguage;
     connect(list, &ListView::openRequested, this, &frmOptions::OpenLanguage);
     connect(list, &ListView::menuRequested, this, [this](const QPoint& position, bool overItem) {
         if (overItem)
@@ -110,24 +90,14 @@ void frmOptions::wireFields()
 
 void frmOptions::updateCommands()
 {
-    const bool isSelected = selectedLanguage() != nullptr;
+    const bool isSelected = m_ui->lvwLanguage->selectedRow().isValid();
     m_ui->cmdLanguage->setEnabled(isSelected);
     m_frame.enableCommand(openCommand, isSelected);
 }
 
-const QStandardItem* frmOptions::selectedLanguage() const
-{
-    return m_languages->itemFromIndex(m_ui->lvwLanguage->selectedRow());
-}
-
 void frmOptions::OpenLanguage()
 {
-    const QStandardItem* language = selectedLanguage();
-    if (!language)
-        return;
-    frmOptionsLanguage window(m_program.archive, m_desktop, m_frame, this);
-    if (window.Form_Load(leadingNumber(language->data(Qt::UserRole).toString()), language->text()))
-        window.exec();
+    m_ui->lvwLanguage->openStyles(m_program.archive, m_desktop, m_frame);
 }
 
 void frmOptions::cmdSelect_Click()
@@ -145,7 +115,7 @@ void frmOptions::cmdOK_Click()
     const bool isSaved = trapErrors(m_desktop.questions, u"cmdOK"_s, [this, &path] {
         saveDefaultArchive(path);
         saveLook();
-        saveVisibility(m_program.archive, languagesInList());
+        m_ui->lvwLanguage->save(m_program.archive);
         RunAtStart(m_ui->chkRunAtStart->isChecked());
     });
     if (isSaved)
@@ -184,19 +154,6 @@ void frmOptions::saveLook()
     writeProfile(m_program.IniFile, u"preferences"_s, u"xplook"_s, isFlat ? u"1"_s : u"0"_s);
     m_program.XPLook = isFlat;
     emit lookChanged(isFlat);
-}
-
-std::vector<LanguageRow> frmOptions::languagesInList() const
-{
-    std::vector<LanguageRow> languages;
-    for (int row = 0; row < m_languages->rowCount(); ++row) {
-        const QStandardItem* item = m_languages->item(row);
-        LanguageRow language;
-        language.id = leadingNumber(item->data(Qt::UserRole).toString());
-        language.isVisible = item->checkState() == Qt::Checked;
-        languages.push_back(language);
-    }
-    return languages;
 }
 
 void frmOptions::RunAtStart(bool on)

@@ -6,14 +6,10 @@
 
 #include <QDialog>
 #include <memory>
-#include <vector>
 
 class FrameServices;
-class QStandardItem;
-class QStandardItemModel;
 class modSnipVale;
 struct Desktop;
-struct LanguageRow;
 
 namespace Ui {
 class frmOptions;
@@ -38,11 +34,8 @@ signals:
 
 private:
     void showSettings();
-    void loadLanguages();
     void wireFields();
     void updateCommands();
-    const QStandardItem* selectedLanguage() const; // null for none
-    std::vector<LanguageRow> languagesInList() const;
     void cmdSelect_Click();
     void cmdOK_Click();
     bool mayKeepPath(const QString& path); // asks about one that is too long
@@ -55,6 +48,5 @@ private:
     const Desktop& m_desktop;
     FrameServices& m_frame;
     modRegistry m_registry;
-    QStandardItemModel* m_languages;
     QString m_storedArchive; // what the settings file said
 };

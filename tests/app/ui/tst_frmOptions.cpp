@@ -153,6 +153,7 @@ void tst_frmOptions::openingALanguage()
     const QModelIndex perl = o.language("Perl");
     o.list().setCurrentIndex(perl);
     o.list().scrollTo(perl);
+    QCOMPARE(perl.data(Qt::UserRole).toString() + perl.data(Qt::UserRole + 1).toString(), u"6 IDSCLEX_PERL"_s);
     QVERIFY(o.frame.enabledCommands[u"miOptionsLanguage"_s]);
     const QPoint item = o.list().visualRect(perl).center();
     for (const std::function<void()>& way : std::initializer_list<std::function<void()>>{
@@ -173,6 +174,9 @@ void tst_frmOptions::openingALanguage()
     QContextMenuEvent menu(QContextMenuEvent::Keyboard, {}, {});
     QApplication::sendEvent(o.list().viewport(), &menu);
     QCOMPARE(o.frame.menus, QStringList({u"mnuOptions"_s}));
+    ArchiveUnit(o.archive).Execute(u"UPDATE tab_memoType SET enabled = '0' WHERE memoTypeID = 6"_s);
+    o.open();
+    QVERIFY(!o.language("Perl").isValid());
 }
 
 void tst_frmOptions::failures()
