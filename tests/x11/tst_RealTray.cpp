@@ -27,9 +27,7 @@ private slots:
     void cleanupTestCase();
     void withoutANotificationArea();
     void closeBoxAndBack();
-    void secondStartBringsItBack();
     void popupsDoNotTakeTheKeyboard();
-    void popupsOverAHiddenWindow();
 
 private:
     void startTray();
@@ -38,8 +36,6 @@ private:
     static int onDesktop(const QString& title); // what xdotool finds there under that name and sees
     int mainOnDesktop() { return onDesktop(m_p->frame->windowTitle()); }
     QPoint icon() { return m_tray->findChild<QSystemTrayIcon*>()->geometry().center(); }
-    void addReminder();
-    static QWidget& popup(); // the one that is shown
 
     std::unique_ptr<ProgramFixture> m_p;
     frmSysTray* m_tray = nullptr;
@@ -106,21 +102,6 @@ void tst_RealTray::chooseInMenu(const QString& entry)
     QTRY_VERIFY(!menu->isVisible());
 }
 
-void tst_RealTray::addReminder()
-{
-    ArchiveUnit(m_p->program->archive)
-        .Execute(u"INSERT INTO tab_todo (categoryID, name, alarmOn, alarmDate) VALUES (1, 'Call', 1, "
-                 "'2026-3-4 9:4:59')"_s);
-}
-
-QWidget& tst_RealTray::popup()
-{
-    const QWidgetList all = QApplication::topLevelWidgets();
-    return **std::find_if(all.begin(), all.end(), [](const QWidget* window) {
-        return window->objectName() == "frmAlarm"_L1 && window->isVisible();
-    });
-}
-
 // Before any notification area runs: the window stays where it can be found. It is asked again each time.
 void tst_RealTray::withoutANotificationArea()
 {
@@ -138,13 +119,22 @@ void tst_RealTray::withoutANotificationArea()
     QCOMPARE(mainOnDesktop(), 0);
 }
 
-// By the close box, by the button that minimises and by the menu: what one leaves behind must not spoil the others.
+// By the close box, by the button that minimises and by the menu, back by a second start, by the icon and by the menu:
+// what one leaves behind must not spoil the others.
 void tst_RealTray::closeBoxAndBack()
 {
     frmMain& frame = *m_p->frame;
     startTray();
+    const QRect place = frame.geometry();
     clickTitleBar(closeBox);
     QTRY_VERIFY(frame.isHidden());
+    QTRY_COMPARE(mainOnDesktop(), 0);
+    m_p->previous.onBringToFront(); // a second start
+    QTRY_COMPARE(mainOnDesktop(), 1);
+    QTRY_VERIFY(frame.isActiveWindow());
+    QTest::qWait(200); // for the window manager's last word
+    QCOMPARE(frame.geometry(), place);
+    clickTitleBar(closeBox);
     QTRY_COMPARE(mainOnDesktop(), 0);
     realdesktop::clickAt(icon(), u"click --repeat 2 --delay 60 1"_s);
     QTRY_COMPARE(mainOnDesktop(), 1);
@@ -159,30 +149,22 @@ void tst_RealTray::closeBoxAndBack()
     QTRY_VERIFY(frame.width() > 1200);
     chooseInMenu(u"mMinimize"_s);
     QTRY_VERIFY(frame.isHidden());
+    m_p->addReminder(); // it pops up all the same, and the icon flashes
+    m_p->tick();
+    QTRY_COMPARE(onDesktop(u"SnipVale alarm"_s), 1);
+    QVERIFY(m_tray->findChild<QTimer*>(u"TmrFlash"_s)->isActive());
+    m_p->popup()->close();
+    QTRY_COMPARE(onDesktop(u"SnipVale alarm"_s), 0);
+    QVERIFY(!m_tray->findChild<QTimer*>(u"TmrFlash"_s)->isActive() && frame.isHidden());
     m_p->questions.expect(u"Bye from SnipVale"_s);
     chooseInMenu(u"mExit"_s); // also from there
     QTRY_COMPARE(m_p->questions.asked.last().text, u"Bye from SnipVale"_s);
 }
 
-void tst_RealTray::secondStartBringsItBack()
-{
-    frmMain& frame = *m_p->frame;
-    startTray();
-    const QRect place = frame.geometry();
-    clickTitleBar(closeBox);
-    QTRY_COMPARE(mainOnDesktop(), 0);
-    m_p->previous.onBringToFront();
-    QTRY_COMPARE(mainOnDesktop(), 1);
-    QTRY_VERIFY(frame.isActiveWindow());
-    QTest::qWait(200); // for the window manager's last word
-    QCOMPARE(frame.geometry(), place);
-    QVERIFY(!frame.isMaximized());
-}
-
 // Somebody types while reminders arrive, and goes on typing. They lie above the window that is worked in.
 void tst_RealTray::popupsDoNotTakeTheKeyboard()
 {
-    addReminder();
+    m_p->addReminder();
     m_p->run("Search");
     auto& text = m_p->get<QLineEdit>("txtSearchText");
     QTRY_VERIFY(text.hasFocus());
@@ -197,24 +179,9 @@ void tst_RealTray::popupsDoNotTakeTheKeyboard()
     m_p->frame->raise();
     m_p->frame->showMaximized();
     QTRY_VERIFY(m_p->frame->width() > 1200);
-    const QWidget* button = popup().findChild<QPushButton*>(u"cmdOK"_s);
+    const QWidget* button = m_p->popup()->findChild<QPushButton*>(u"cmdOK"_s);
     realdesktop::clickAt(button->mapToGlobal(button->rect().center()));
     QTRY_COMPARE(onDesktop(u"SnipVale alarm"_s), 0);
-}
-
-void tst_RealTray::popupsOverAHiddenWindow()
-{
-    startTray();
-    addReminder();
-    clickTitleBar(closeBox);
-    QTRY_COMPARE(mainOnDesktop(), 0);
-    m_p->tick();
-    QTRY_COMPARE(onDesktop(u"SnipVale alarm"_s), 1);
-    QVERIFY(m_tray->findChild<QTimer*>(u"TmrFlash"_s)->isActive());
-    popup().close();
-    QTRY_COMPARE(onDesktop(u"SnipVale alarm"_s), 0);
-    QVERIFY(!m_tray->findChild<QTimer*>(u"TmrFlash"_s)->isActive());
-    QVERIFY(m_p->frame->isHidden());
 }
 
 int main(int argc, char** argv)

@@ -10,7 +10,9 @@
 #include "desktop/PreviousInstance.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QTimer>
+#include <QWidget>
 
 class FakeInstance : public PreviousInstance {
 public:
@@ -45,6 +47,21 @@ struct ProgramFixture {
         if (!object)
             qFatal("there is no %s", name);
         return *object;
+    }
+    void addReminder() // that is due
+    {
+        ArchiveUnit unit(program->archive);
+        const int category = unit.Open(QStringLiteral("SELECT categoryID FROM tab_category WHERE type = 2")).integer(0);
+        unit.Execute(QStringLiteral("INSERT INTO tab_todo (categoryID, name, alarmOn, alarmDate) VALUES (%1, 'Call', "
+                                    "1, '2026-3-4 9:4:59')")
+                         .arg(category));
+    }
+    static QWidget* popup() // of a reminder; null for none
+    {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->objectName() == QLatin1String("frmAlarm") && window->isVisible())
+                return window;
+        return nullptr;
     }
     void tick() { QMetaObject::invokeMethod(&get<QTimer>("TimerTask"), "timeout"); }
 
