@@ -7,7 +7,6 @@ class tst_cPassword : public QObject {
     Q_OBJECT
 private slots:
     void everyTextSurvives();
-    void whatIsNotReadableIsNotRewritten_data();
     void whatIsNotReadableIsNotRewritten();
     void refusals();
 };
@@ -45,35 +44,28 @@ void tst_cPassword::everyTextSurvives()
     QCOMPARE(v.password.GetPasswordCount(), 1);
 }
 
-void tst_cPassword::whatIsNotReadableIsNotRewritten_data()
-{
-    QTest::addColumn<QString>("stored");
-    QTest::newRow("no hexadecimal") << u"it is plain"_s;
-    QTest::newRow("a single digit") << u"3"_s;
-    QTest::newRow("lower case") << u"3f 0a c2 11 22 33 44 55 3f 0a c2 11 22 33 44 55"_s;
-    QTest::newRow("half a block") << u"3F 0A C2"_s;
-    QTest::newRow("another key") << modPassword::HexEncode(
-        cBlowfish().EncryptString(u"a user name"_s, u"another key"_s).toLatin1(), u" "_s);
-    QTest::newRow("a megabyte") << u"3F 0A C2 "_s.repeated(120000);
-}
-
 void tst_cPassword::whatIsNotReadableIsNotRewritten()
 {
-    QFETCH(QString, stored);
     VaultFixture v;
     v.execute(u"DROP TABLE tab_password"_s); // an archive of another program, with wider columns
     v.execute(
         u"CREATE TABLE tab_password (passwordID COUNTER, passwordCategoryID LONG, title TEXT(255), userName "
         "LONGTEXT, password LONGTEXT, URL TEXT(255), dateIn DATETIME, dateLastMod DATETIME, description LONGTEXT, "
         "notes LONGTEXT, CONSTRAINT ID_PK PRIMARY KEY (passwordID))"_s);
-    v.execute(u"INSERT INTO tab_password (title, userName) VALUES ('t', '"_s + stored + u"')"_s);
-    v.password.PasswordID = 1;
-    QVERIFY(v.password.Load());
-    QCOMPARE(v.password.Password, QString()); // Null
-    v.password.Title = u"changed"_s;
-    QVERIFY2(v.password.Update(), qPrintable(v.password.lastError()));
-    QCOMPARE(v.column("title"), u"changed"_s);
-    QCOMPARE(v.column("userName"), stored);
+    const QString foreign =
+        modPassword::HexEncode(cBlowfish().EncryptString(u"a user name"_s, u"another key"_s).toLatin1(), u" "_s);
+    for (const QString& stored : {u"it is plain"_s, u"3"_s, u"3f 0a c2 11 22 33 44 55 3f 0a c2 11 22 33 44 55"_s,
+                                  u"3F 0A C2"_s, foreign, u"3F 0A C2 "_s.repeated(120000)}) {
+        v.execute(u"INSERT INTO tab_password (title, userName) VALUES ('t', '"_s + stored + u"')"_s);
+        v.password.clear();
+        v.password.PasswordID = v.value(u"SELECT MAX(passwordID) FROM tab_password"_s).toInt();
+        QVERIFY(v.password.Load());
+        QCOMPARE(v.password.Password, QString()); // Null
+        v.password.Title = u"changed"_s;
+        QVERIFY2(v.password.Update(), qPrintable(v.password.lastError()));
+        QCOMPARE(v.column("title", v.password.PasswordID), u"changed"_s);
+        QCOMPARE(v.column("userName", v.password.PasswordID), stored);
+    }
 }
 
 void tst_cPassword::refusals()
