@@ -54,11 +54,6 @@ CipherFileError fileError(const QString& what, const QString& path, const QStrin
 
 } // namespace
 
-cBlowfishBlock::cBlowfishBlock()
-{
-    standardTables();
-}
-
 cBlowfishBlock::~cBlowfishBlock()
 {
     ::explicit_bzero(m_p.data(), sizeof m_p);
@@ -127,11 +122,6 @@ void cBlowfishBlock::setKey(QByteArrayView key)
     replace(m_p);
     for (auto& box : m_s)
         replace(box);
-}
-
-CipherFileError::CipherFileError(quint32 number, const QString& description)
-    : std::runtime_error(description.toStdString()), m_number(number)
-{
 }
 
 cBlowfish::~cBlowfish()
@@ -242,19 +232,15 @@ QString cBlowfish::DecryptString(const QString& text, const QString& key, bool* 
 
 void cBlowfish::EncryptFile(const QString& source, const QString& destination, const QString& key)
 {
-    if (!key.isEmpty())
-        setKey(key);
-    convertFile(source, destination, true);
+    convertFile(source, destination, key, true);
 }
 
 void cBlowfish::DecryptFile(const QString& source, const QString& destination, const QString& key)
 {
-    if (!key.isEmpty())
-        setKey(key);
-    convertFile(source, destination, false);
+    convertFile(source, destination, key, false);
 }
 
-void cBlowfish::convertFile(const QString& source, const QString& destination, bool encrypt)
+void cBlowfish::convertFile(const QString& source, const QString& destination, const QString& key, bool encrypt)
 {
     QFile from(source);
     if (!from.exists())
@@ -269,7 +255,7 @@ void cBlowfish::convertFile(const QString& source, const QString& destination, b
     from.close();
     if (const QFileInfo there(destination); there.exists() && !there.isFile()) // a device would give way to a file
         throw fileError(u"Cannot write"_s, destination, u"It is no file."_s);
-    encrypt ? EncryptByte(data) : void(DecryptByte(data));
+    encrypt ? EncryptByte(data, key) : void(DecryptByte(data, key));
     QSaveFile to(destination);
     // A full disk shows when the buffer is flushed; commit() alone would not see it.
     if (!to.open(QIODevice::WriteOnly) || to.write(data) != data.size() || !to.flush() || !to.commit())

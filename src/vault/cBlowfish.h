@@ -15,7 +15,7 @@ class cBlowfishBlock {
 public:
     using Block = std::pair<quint32, quint32>; // left and right half
 
-    cBlowfishBlock(); // the standard tables
+    cBlowfishBlock() { standardTables(); }
     ~cBlowfishBlock(); // wipes
     cBlowfishBlock(const cBlowfishBlock&) = delete;
     cBlowfishBlock& operator=(const cBlowfishBlock&) = delete;
@@ -37,7 +37,10 @@ private:
 // What the file operations throw, with the number that goes with the text.
 class CipherFileError : public std::runtime_error {
 public:
-    CipherFileError(quint32 number, const QString& description);
+    CipherFileError(quint32 number, const QString& description)
+        : std::runtime_error(description.toStdString()), m_number(number)
+    {
+    }
     quint32 number() const { return m_number; }
 
 private:
@@ -78,7 +81,7 @@ public:
 private:
     void encipherChain(QByteArray& frame);
     void decipherChain(QByteArray& frame);
-    void convertFile(const QString& source, const QString& destination, bool encrypt);
+    void convertFile(const QString& source, const QString& destination, const QString& key, bool encrypt);
 
     cBlowfishBlock m_block;
     QString m_key;

@@ -13,15 +13,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-[[noreturn]] void failGone()
-{
-    throw std::runtime_error("The account is no longer in the archive.");
-}
-
-} // namespace
-
 cPassword::cPassword(Archive& archive, modPassword& vault) : ElementRecord(archive, u"account"_s), m_vault(vault) { }
 
 cPassword::~cPassword()
@@ -46,7 +37,7 @@ bool cPassword::Load()
         const jet::Recordset row =
             unit.Open(u" SELECT * FROM tab_Password WHERE PasswordID = "_s + QString::number(PasswordID) + u" "_s);
         if (row.eof())
-            failGone();
+            throw std::runtime_error(goneText().toStdString());
         const auto text = [&](const QString& column, QString& field) {
             if (!row.isNull(column))
                 field = row.text(column);
@@ -59,20 +50,15 @@ bool cPassword::Load()
             wipe(field);
             field = m_vault.DecryptEntry(loaded);
         };
-        const auto date = [&](const QString& column, QDateTime& field) {
-            if (!row.isNull(column))
-                field = row.dateTime(column);
-        };
-        if (!row.isNull(u"passwordCategoryID"_s))
-            CategoryID = qint32(row.integer(u"passwordCategoryID"_s));
+        takeColumn(row, u"passwordCategoryID"_s, CategoryID);
         text(u"title"_s, Title);
         text(u"description"_s, Description);
         secret(u"userName"_s, UserName, m_loadedUserName);
         secret(u"password"_s, Password, m_loadedPassword);
         text(u"URL"_s, URL);
         text(u"notes"_s, Notes);
-        date(u"dateIn"_s, PwdDateIn);
-        date(u"dateLastMod"_s, PwdDateLastMod);
+        takeColumn(row, u"dateIn"_s, PwdDateIn);
+        takeColumn(row, u"dateLastMod"_s, PwdDateLastMod);
         m_loadedID = PasswordID;
     });
 }
@@ -132,17 +118,11 @@ bool cPassword::Update()
                                           .set(u"tab_password.notes"_s, Notes)
                                           .where(u"tab_Password.PasswordID"_s, PasswordID, u"  "_s));
         if (rows == 0) // another program deleted it: what is in the fields must not count as saved
-            failGone();
+            throw std::runtime_error(goneText().toStdString());
     });
 }
 
 qint32 cPassword::GetPasswordCount()
 {
-    qint32 count = 0;
-    keepError(m_lastError, [&] {
-        ArchiveUnit unit(m_archive);
-        count = qint32(
-            unit.Open(u"SELECT COUNT(passwordID) AS PasswordCount FROM tab_password  "_s).integer(u"PasswordCount"_s));
-    });
-    return count;
+    return count(u"SELECT COUNT(passwordID) AS PasswordCount FROM tab_password  "_s, u"PasswordCount"_s);
 }

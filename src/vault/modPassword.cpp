@@ -22,16 +22,6 @@ const QString fixedKey = u"tkwe52918306pv4417mbzqd60395hqxoeprjzlkaudfgnmetsowv"
 
 const QString separator = u" "_s;
 
-int digitValue(QChar character)
-{
-    const char16_t c = character.unicode();
-    if (c >= u'0' && c <= u'9')
-        return c - u'0';
-    if (c >= u'A' && c <= u'F')
-        return c - u'A' + 10;
-    return -1;
-}
-
 void insertRow(ArchiveUnit& unit)
 {
     unit.Execute(u"INSERT INTO tab_option (code, options) VALUES ('MasterPwd', '')"_s);
@@ -204,31 +194,17 @@ QString modPassword::decrypt(const QString& hex, const QString& key, bool* wasWh
 
 QString modPassword::HexEncode(const QByteArray& bytes, const QString& between)
 {
-    QString text;
-    text.reserve(bytes.size() * (2 + between.size()));
-    for (const char byte : bytes) {
-        if (!text.isEmpty())
-            text += between;
-        text += QChar(u"0123456789ABCDEF"[quint8(byte) >> 4]);
-        text += QChar(u"0123456789ABCDEF"[quint8(byte) & 15]);
-    }
-    return text;
+    return QString::fromLatin1(bytes.toHex(' ').toUpper()).replace(u' ', between);
 }
 
 QByteArray modPassword::HexDecode(const QString& text)
 {
-    QByteArray bytes;
-    bytes.reserve(text.size() / 2);
-    int high = -1;
-    for (const QChar character : text) {
-        const int value = digitValue(character);
-        if (value < 0)
-            continue;
-        if (high >= 0)
-            bytes += char(high << 4 | value);
-        high = high >= 0 ? -1 : value;
-    }
-    return bytes;
+    QByteArray digits;
+    for (const QChar c : text)
+        if ((c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'F'))
+            digits += c.toLatin1();
+    digits.truncate(digits.size() / 2 * 2);
+    return QByteArray::fromHex(digits);
 }
 
 // The change of the master password.

@@ -54,10 +54,9 @@ bool frmPasswordChange::Form_Load()
         m_desktop.questions.ask(u"There is an error. I can't read old password."_s, MessageStyle::Critical);
         return false;
     }
-    if (m_stored.isEmpty())
-        m_ui->lblMessage->setText(u"There is no master password yet. It is chosen when the passwords are opened."_s);
-    else
-        m_ui->lblMessage->setText(u"All accounts will be enciphered with the new password."_s);
+    m_ui->lblMessage->setText(m_stored.isEmpty()
+                                  ? u"There is no master password yet. It is chosen when the passwords are opened."_s
+                                  : u"All accounts will be enciphered with the new password."_s);
     return true;
 }
 

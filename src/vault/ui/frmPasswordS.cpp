@@ -73,8 +73,6 @@ void frmPasswordS::Model::setRows(std::vector<PasswordRow> rows)
 
 void frmPasswordS::Model::setPasswordsShown(bool shown)
 {
-    if (m_isShown == shown)
-        return;
     m_isShown = shown;
     if (!m_rows.empty())
         emit dataChanged(index(0, Password), index(int(m_rows.size()) - 1, Password));
@@ -184,11 +182,6 @@ bool frmPasswordS::isUnlocked() const
     return m_context.vault.isUnlocked();
 }
 
-bool frmPasswordS::mayCommand() const
-{
-    return m_isInFront && isUnlocked();
-}
-
 void frmPasswordS::setInFront(bool inFront)
 {
     m_isInFront = inFront;
@@ -197,8 +190,7 @@ void frmPasswordS::setInFront(bool inFront)
         MakeLvwContents();
         m_ui->lvwPassword->setFocus();
     } else {
-        m_model->setPasswordsShown(false); // nobody expects them open when the list comes back
-        m_context.frame.checkCommand(u"miPasswordHideShow"_s, false);
+        showPasswords(false); // nobody expects them open when the list comes back
     }
     enableCommands();
 }
@@ -206,7 +198,7 @@ void frmPasswordS::setInFront(bool inFront)
 void frmPasswordS::enableCommands()
 {
     const auto enable = [this](const QString& name, bool enabled) { m_context.frame.enableCommand(name, enabled); };
-    const bool isOn = mayCommand();
+    const bool isOn = m_isInFront && isUnlocked();
     for (const QString& name :
          {u"miPasswordNew"_s, u"miPasswordHideShow"_s, u"miPasswordExport"_s, u"miPasswordCategory"_s})
         enable(name, isOn);
@@ -308,28 +300,34 @@ void frmPasswordS::DeletePassword()
     });
 }
 
+void frmPasswordS::showPasswords(bool shown)
+{
+    m_model->setPasswordsShown(shown);
+    m_context.frame.checkCommand(u"miPasswordHideShow"_s, shown);
+}
+
 void frmPasswordS::HideShowPwd()
 {
-    if (!mayCommand())
+    if (m_isInFront && isUnlocked())
+        showPasswords(!m_model->passwordsShown());
+}
+
+void frmPasswordS::copyCell(int column, const QString& word)
+{
+    if (!m_ui->lvwPassword->selectedRow().isValid())
         return;
-    m_model->setPasswordsShown(!m_model->passwordsShown());
-    m_context.frame.checkCommand(u"miPasswordHideShow"_s, m_model->passwordsShown());
+    m_context.desktop.clipboard.copySecret(cell(column));
+    m_context.frame.setStatus(word + u" copied. The clipboard is cleared soon."_s);
 }
 
 void frmPasswordS::ClipboardUsernameCopy()
 {
-    if (!m_ui->lvwPassword->selectedRow().isValid())
-        return;
-    m_context.desktop.clipboard.copySecret(cell(Model::UserName));
-    m_context.frame.setStatus(u"User name copied. The clipboard is cleared soon."_s);
+    copyCell(Model::UserName, u"User name"_s);
 }
 
 void frmPasswordS::ClipboardPasswordCopy()
 {
-    if (!m_ui->lvwPassword->selectedRow().isValid())
-        return;
-    m_context.desktop.clipboard.copySecret(cell(Model::Password));
-    m_context.frame.setStatus(u"Password copied. The clipboard is cleared soon."_s);
+    copyCell(Model::Password, u"Password"_s);
 }
 
 void frmPasswordS::VisitURLPassword()
@@ -386,8 +384,7 @@ void frmPasswordS::Lock()
     m_context.desktop.clipboard.wipe();
     m_context.password.clear();
     m_model->setRows({});
-    m_model->setPasswordsShown(false);
-    m_context.frame.checkCommand(u"miPasswordHideShow"_s, false);
+    showPasswords(false);
     m_context.vault.lock();
     enableCommands();
     m_context.frame.showView(u"Memo"_s);

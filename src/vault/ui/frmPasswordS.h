@@ -63,7 +63,8 @@ private:
     void addKeys();
     void fill(void (ListView::*refill)(const std::function<void()>&));
     bool isUnlocked() const;
-    bool mayCommand() const; // in front and unlocked
+    void showPasswords(bool shown);
+    void copyCell(int column, const QString& word);
     void openEditor(qint32 id);
     QString cell(int column) const; // of the selected row
     qint32 category() const;
