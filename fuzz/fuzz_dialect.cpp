@@ -7,7 +7,6 @@
 #include "jet/Database.h"
 #include "jet/Dialect.h"
 #include "jet/Query.h"
-#include "jet/SqlFunctions.h"
 
 #include <cstdint>
 #include <sqlite3.h>

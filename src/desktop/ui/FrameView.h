@@ -13,8 +13,8 @@ class QWidget;
 class FrameView {
 public:
     // `window` is the frame's, for the dialogs that open before there is a window of the view.
-    FrameView(FrameServices& frame, QWidget& window, QString name, QString bar)
-        : name(std::move(name)), bar(std::move(bar)), m_frame(frame), m_frameWindow(window)
+    FrameView(FrameServices& frame, QWidget& window, QString viewName, QString barName)
+        : name(std::move(viewName)), bar(std::move(barName)), m_frame(frame), m_frameWindow(window)
     {
     }
     virtual ~FrameView() = default;
