@@ -31,9 +31,10 @@ public:
     bool open(const QString& linkOrFile) override
     {
         opened.append(linkOrFile);
-        return true;
+        return hasPrograms;
     }
     QStringList opened;
+    bool hasPrograms = true; // for any link
 };
 
 // Prints to PDF files by script. An empty name is a cancelled dialog.

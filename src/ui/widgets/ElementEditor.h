@@ -22,7 +22,7 @@ struct EditorContext {
 
 // A window that edits one element, an existing or a new one, through its record. What all editors do alike is here:
 // reading the element, knowing what was changed, saving, and asking before changes are lost. A save that fails is
-// told and leaves the window as it is, with all that was typed.
+// reported and leaves the window as it is, with all that was typed.
 class ElementEditor : public QDialog {
     Q_OBJECT
 public:
@@ -49,7 +49,7 @@ protected:
     }
     void markDirty(const QWidget* control);
     bool isEdited(const QWidget* control) const { return m_edited.contains(control); } // since it was read or saved
-    // An empty text is told, and the box gets the keyboard.
+    // An empty text gives the message, and the box gets the keyboard.
     bool isMissing(const QString& text, QWidget* box, const QString& message);
     bool save();
     void cmdOK_Click();

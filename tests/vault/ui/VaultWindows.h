@@ -19,12 +19,7 @@ public:
     QStringList views;
 };
 
-// A shell that may have no program for any link, and a file dialog that something happens behind.
-class VaultShell : public ScriptedShell {
-public:
-    bool open(const QString& linkOrFile) override { return ScriptedShell::open(linkOrFile) && hasPrograms; }
-    bool hasPrograms = true;
-};
+// A file dialog that something happens behind.
 class VaultFiles : public ScriptedFiles {
 public:
     std::optional<QString> saveFile(const QString& title, const QString& filter, const QString& suffix) override
@@ -38,9 +33,8 @@ public:
 // An unlocked vault and what its windows need.
 struct VaultWindows : VaultOn<UiFixture> {
     VaultFrame vaultFrame;
-    VaultShell vaultShell;
     VaultFiles vaultFiles;
-    Desktop vaultDesktop{questions, vaultFiles, vaultShell, clock, desktop.sound, desktop.printing, clipboard};
+    Desktop vaultDesktop{questions, vaultFiles, shell, clock, desktop.sound, desktop.printing, clipboard};
     cViewFilter filter;
 };
 

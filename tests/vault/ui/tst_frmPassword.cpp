@@ -115,8 +115,8 @@ void tst_frmPassword::showingAndVisiting()
     QCOMPARE(e.box("txtPassword").text(), made);
     e.box("txtURL").setText(u"https://x/#世界"_s);
     e.click("cmdVisitURL");
-    QCOMPARE(e.vaultShell.opened, QStringList({u"https://x/#世界"_s}));
-    e.vaultShell.hasPrograms = false;
+    QCOMPARE(e.shell.opened, QStringList({u"https://x/#世界"_s}));
+    e.shell.hasPrograms = false;
     e.questions.expect(u"Error in VisitURL: No program is set up to open this link."_s);
     e.click("cmdVisitURL");
 }

@@ -133,8 +133,8 @@ void tst_frmPasswordS::showingCopyingVisiting()
     QCOMPARE(l.cell(1, 3).data().toString(), u"********"_s);
     QVERIFY(!l.vaultFrame.checkedCommands[u"miPasswordHideShow"_s]);
     l.window.VisitURLPassword();
-    QCOMPARE(l.vaultShell.opened, QStringList({u"https://x/?a='1'"_s}));
-    l.vaultShell.hasPrograms = false;
+    QCOMPARE(l.shell.opened, QStringList({u"https://x/?a='1'"_s}));
+    l.shell.hasPrograms = false;
     l.questions.expect(u"Error in VisitURLPassword: No program is set up to open this link."_s);
     l.press(Qt::Key_U, Qt::ControlModifier);
     l.choose(0, 0);
