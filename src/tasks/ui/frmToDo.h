@@ -27,6 +27,7 @@ private:
     void showRecord(bool isNew) override;
     bool transfer() override;
     void saved() override;
+    QString updateRoutine() const override { return QStringLiteral("Save"); }
 
     void prepareControls();
     void makeNoteBar();

@@ -118,7 +118,7 @@ bool ElementEditor::save()
         m_editedID = record().key();
     } else if (!record().Update()) {
         // The record keeps silent about a failed update; the user must not.
-        reportError(m_archive.questions(), u"Save"_s, record().lastError());
+        reportError(m_archive.questions(), updateRoutine(), record().lastError());
         return false;
     }
     setClean();

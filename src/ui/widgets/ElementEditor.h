@@ -59,6 +59,7 @@ protected:
     virtual void showRecord(bool isNew) = 0; // record to controls, then what the user does to them is watched
     virtual bool transfer() = 0; // validates, then controls to record; may throw
     virtual void saved() { } // the archive holds the new state
+    virtual QString updateRoutine() const { return QStringLiteral("Update"); } // which a failed update is told under
 
 private:
     void setClean();

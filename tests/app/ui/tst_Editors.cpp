@@ -228,13 +228,14 @@ void tst_Editors::failedSaveKeepsTheWindow()
     QCOMPARE(e.storedName(), u"precious"_s);
     e.type(u"!"_s);
     e.archive.setPath(e.scratch.path(u"gone.SVA"_s));
-    okFails(u"Error in Save: "_s);
+    const QString update = e.kind.word == "to-do"_L1 ? u"Save"_s : u"Update"_s;
+    okFails(u"Error in %1: "_s.arg(update));
     e.archive.setPath(path); // mended: the same window saves
     e.applyByKey();
     QCOMPARE(e.storedName(), u"precious!"_s);
     e.execute(u"DELETE * FROM "_s + e.kind.table);
     e.type(u"!"_s);
-    okFails(u"Error in Save: The %1 is no longer in the archive."_s.arg(e.kind.word));
+    okFails(u"Error in %1: The %2 is no longer in the archive."_s.arg(update, e.kind.word));
     QCOMPARE(e.nameBox().text(), u"precious!!"_s);
     QCOMPARE(e.listener.saved.size(), e.kind.savedKey.isEmpty() ? 0 : 2); // only what was written
 }
