@@ -35,9 +35,8 @@ void deleteRow(ArchiveUnit& unit)
 // -1 on success, 0 when there is no row. The hexadecimal form has no quotes to double.
 int updateRow(ArchiveUnit& unit, const QString& text)
 {
-    const int rows = unit.Execute(u"UPDATE tab_option SET "_s + //
-                                  u"tab_option.options = '"_s + text + u"' "_s + //
-                                  u" WHERE code ='MasterPwd' "_s);
+    const int rows =
+        unit.Execute(u"UPDATE tab_option SET tab_option.options = '%1'  WHERE code ='MasterPwd' "_s.arg(text));
     return rows > 0 ? -1 : 0;
 }
 
@@ -292,9 +291,9 @@ void modPassword::rewriteVault(ArchiveUnit& unit, const QString& collected, cons
         return encrypt(text, password);
     };
     for (qsizetype i = 0; i + 2 < parts.size(); i += 3)
-        unit.Execute(u" UPDATE tab_password SET  tab_password.userName  =  '"_s + encrypted(parts[i + 1]) + u"' , "_s +
-                     u"tab_password.password = '"_s + encrypted(parts[i + 2]) + u"' "_s + //
-                     u" WHERE passwordID = "_s + QString::number(identifierOf(parts[i])) + u" "_s);
+        unit.Execute(u" UPDATE tab_password SET  tab_password.userName  =  '%1' , tab_password.password = '%2'  "
+                     "WHERE passwordID = %3 "_s.arg(encrypted(parts[i + 1]), encrypted(parts[i + 2]),
+                                                    QString::number(identifierOf(parts[i]))));
 }
 
 // What it would damage.
