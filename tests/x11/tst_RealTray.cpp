@@ -34,7 +34,7 @@ private:
     void clickTitleBar(const QPoint& button);
     void chooseInMenu(const QString& entry);
     static int onDesktop(const QString& title); // what xdotool finds there under that name and sees
-    int mainOnDesktop() { return onDesktop(m_p->frame->windowTitle()); }
+    int mainOnDesktop() { return onDesktop(m_p->window->windowTitle()); }
     QPoint icon() { return m_tray->findChild<QSystemTrayIcon*>()->geometry().center(); }
 
     std::unique_ptr<ProgramFixture> m_p;
@@ -45,15 +45,14 @@ private:
 void tst_RealTray::init()
 {
     m_p = std::make_unique<ProgramFixture>();
-    m_p->startFresh();
-    m_p->frame->setWindowTitle(u"Main under test"_s);
-    m_p->frame->resize(900, 500); // the window manager places it
+    m_p->window->setWindowTitle(u"Main under test"_s);
+    m_p->window->resize(900, 500); // the window manager places it
     for (QWidget* window : QApplication::topLevelWidgets())
         if (auto* tray = qobject_cast<frmSysTray*>(window))
             m_tray = tray;
-    QVERIFY(QTest::qWaitForWindowActive(m_p->frame.get()));
-    for (QRect before; m_p->frame->frameGeometry() != before; QTest::qWait(100)) // until its frame stands
-        before = m_p->frame->frameGeometry();
+    QVERIFY(QTest::qWaitForWindowActive(m_p->window.get()));
+    for (QRect before; m_p->window->frameGeometry() != before; QTest::qWait(100)) // until its frame stands
+        before = m_p->window->frameGeometry();
 }
 
 void tst_RealTray::cleanup()
@@ -89,8 +88,8 @@ int tst_RealTray::onDesktop(const QString& title)
 
 void tst_RealTray::clickTitleBar(const QPoint& button)
 {
-    QTRY_VERIFY(m_p->frame->frameGeometry().top() < m_p->frame->geometry().top());
-    realdesktop::clickAt(m_p->frame->frameGeometry().topRight() + button);
+    QTRY_VERIFY(m_p->window->frameGeometry().top() < m_p->window->geometry().top());
+    realdesktop::clickAt(m_p->window->frameGeometry().topRight() + button);
 }
 
 void tst_RealTray::chooseInMenu(const QString& entry)
@@ -105,7 +104,7 @@ void tst_RealTray::chooseInMenu(const QString& entry)
 // Before any notification area runs: the window stays where it can be found. It is asked again each time.
 void tst_RealTray::withoutANotificationArea()
 {
-    frmMain& frame = *m_p->frame;
+    frmMain& frame = *m_p->window;
     QVERIFY(!QSystemTrayIcon::isSystemTrayAvailable());
     clickTitleBar(closeBox);
     QTRY_VERIFY(frame.isMinimized() && !frame.isHidden());
@@ -123,7 +122,7 @@ void tst_RealTray::withoutANotificationArea()
 // what one leaves behind must not spoil the others.
 void tst_RealTray::closeBoxAndBack()
 {
-    frmMain& frame = *m_p->frame;
+    frmMain& frame = *m_p->window;
     startTray();
     const QRect place = frame.geometry();
     clickTitleBar(closeBox);
@@ -175,10 +174,10 @@ void tst_RealTray::popupsDoNotTakeTheKeyboard()
     QTRY_COMPARE(onDesktop(u"SnipVale alarm"_s), 1);
     QTRY_COMPARE(text.text(), u"one two three four five six seven"_s);
     QTRY_COMPARE(hands.state(), QProcess::NotRunning);
-    QVERIFY(m_p->frame->isActiveWindow());
-    m_p->frame->raise();
-    m_p->frame->showMaximized();
-    QTRY_VERIFY(m_p->frame->width() > 1200);
+    QVERIFY(m_p->window->isActiveWindow());
+    m_p->window->raise();
+    m_p->window->showMaximized();
+    QTRY_VERIFY(m_p->window->width() > 1200);
     const QWidget* button = m_p->popup()->findChild<QPushButton*>(u"cmdOK"_s);
     realdesktop::clickAt(button->mapToGlobal(button->rect().center()));
     QTRY_COMPARE(onDesktop(u"SnipVale alarm"_s), 0);

@@ -22,59 +22,46 @@ public:
     bool broughtToFront = false;
 };
 
-// A program with a home of its own; start() does what a start of the process does.
-struct ProgramFixture {
-    ProgramFixture() { setIni("[setup]\ndbfullpath=scratch.SVA\n"); }
+// A started program with a home of its own. start() does what a start of the process does.
+struct ProgramFixture : UiFixture {
+    ProgramFixture()
+    {
+        setIni("[setup]\ndbfullpath=scratch.SVA\n");
+        start();
+    }
     void setIni(const QByteArray& text) { writeFile(scratch.path(QStringLiteral("snipvale.ini")), text); }
     void start()
     {
-        frame.reset();
+        window.reset();
         program = std::make_unique<modSnipVale>(questions, clock, shell);
         program->AppPath = scratch.folder();
-        frame = Main(*program, desktop, previous);
+        window = Main(*program, desktop, previous);
     }
-    void startFresh() // with an archive that is brought up to date first
-    {
-        questions.expect(QStringLiteral("Ver 3.0 - archive update completed successfully!"));
-        start();
-    }
-    void run(const char* command) { frame->ActiveBar21_Click(QString::fromLatin1(command)); }
+    void run(const char* command) { window->ActiveBar21_Click(QString::fromLatin1(command)); }
     QAction& action(const char* name) { return get<QAction>(name); }
     template <typename Object>
     Object& get(const char* name)
     {
-        auto* object = frame->findChild<Object*>(QString::fromLatin1(name));
+        auto* object = window->findChild<Object*>(QString::fromLatin1(name));
         if (!object)
             qFatal("there is no %s", name);
         return *object;
     }
     void addReminder() // that is due
     {
-        ArchiveUnit unit(program->archive);
-        const int category = unit.Open(QStringLiteral("SELECT categoryID FROM tab_category WHERE type = 2")).integer(0);
-        unit.Execute(QStringLiteral("INSERT INTO tab_todo (categoryID, name, alarmOn, alarmDate) VALUES (%1, 'Call', "
-                                    "1, '2026-3-4 9:4:59')")
-                         .arg(category));
+        ArchiveUnit(archive).Execute(QStringLiteral("INSERT INTO tab_todo (categoryID, name, alarmOn, alarmDate) "
+                                                    "VALUES (3, 'Call', 1, '2026-3-4 9:4:59')"));
     }
     static QWidget* popup() // of a reminder; null for none
     {
-        for (QWidget* window : QApplication::topLevelWidgets())
-            if (window->objectName() == QLatin1String("frmAlarm") && window->isVisible())
-                return window;
+        for (QWidget* each : QApplication::topLevelWidgets())
+            if (each->objectName() == QLatin1String("frmAlarm") && each->isVisible())
+                return each;
         return nullptr;
     }
     void tick() { QMetaObject::invokeMethod(&get<QTimer>("TimerTask"), "timeout"); }
 
-    ScratchArchive scratch;
-    ScriptedQuestions questions;
-    ManualClock clock;
-    ScriptedFiles files;
-    ScriptedShell shell;
-    FakeSound sound;
-    ScriptedPrinting printing;
-    FakeClipboard clipboard;
-    Desktop desktop{questions, files, shell, clock, sound, printing, clipboard};
     FakeInstance previous;
     std::unique_ptr<modSnipVale> program;
-    std::unique_ptr<frmMain> frame;
+    std::unique_ptr<frmMain> window;
 };
