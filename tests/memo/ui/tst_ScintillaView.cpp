@@ -1,19 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "memo/code/ui/CodeEditorAccessible.h"
 #include "support/CoreSupport.h"
 #include "support/Registry.h"
 
-#include "memo/code/cScintilla.h"
-#include "memo/code/ui/ScintillaView.h"
-
-#include <QClipboard>
-#include <QDropEvent>
-#include <QGuiApplication>
-#include <QLineEdit>
-#include <QMimeData>
 #include <QRandomGenerator>
 #include <QSignalSpy>
-#include <QVBoxLayout>
 #include <QtTest>
 #include <bit>
 
@@ -22,25 +14,18 @@ using Qsci = QsciScintillaBase;
 
 namespace {
 
-// The editor in a window, as the memo window sets it up, and a neighbour for the keyboard.
+// The editor, as the memo window sets it up.
 struct Pane : ArchiveFixture {
-    Pane()
+    explicit Pane(const QByteArray& text = QByteArray())
     {
-        layout.addWidget(&view);
-        layout.addWidget(&neighbour);
-        window.resize(500, 300);
+        view.resize(500, 300);
         code.Init();
         code.SetLexerDefault();
         view.setHandler(&code);
-        window.show();
-        view.setFocus();
+        view.setText(text);
+        view.show();
     }
-    ~Pane()
-    {
-        view.setHandler(nullptr);
-        view.setParent(nullptr);
-        neighbour.setParent(nullptr);
-    }
+    ~Pane() { view.setHandler(nullptr); }
     long get(unsigned message, unsigned long parameter = 0, long second = 0)
     {
         return view.SendScintilla(message, parameter, second);
@@ -50,15 +35,38 @@ struct Pane : ArchiveFixture {
         get(Qsci::SCI_COLOURISE, 0, -1);
         return view.send(SCI.GETSTYLEAT, 0);
     }
-    QWidget window;
-    QVBoxLayout layout{&window};
     ScintillaView view;
-    QLineEdit neighbour;
     cScintilla code{view, archive};
     QSignalSpy edited{&view, &ScintillaView::edited};
 };
 
 const auto allMessages = std::bit_cast<std::array<EditorMessage, sizeof(EditorMessages) / sizeof(EditorMessage)>>(SCI);
+
+// Events for a screen reader, in words.
+QString worded(const CodeEditorAccessible::Events& events)
+{
+    QStringList words;
+    for (const auto& event : events) {
+        if (const auto* inserted = dynamic_cast<QAccessibleTextInsertEvent*>(event.get()))
+            words.append(u"+%1 %2"_s.arg(inserted->changePosition()).arg(inserted->textInserted()));
+        else if (const auto* removed = dynamic_cast<QAccessibleTextRemoveEvent*>(event.get()))
+            words.append(u"-%1 %2"_s.arg(removed->changePosition()).arg(removed->textRemoved()));
+        else if (const auto* chosen = dynamic_cast<QAccessibleTextSelectionEvent*>(event.get()))
+            words.append(u"selected %1 to %2"_s.arg(chosen->selectionStart()).arg(chosen->selectionEnd()));
+        else if (const auto* caret = dynamic_cast<QAccessibleTextCursorEvent*>(event.get()))
+            words.append(u"caret %1"_s.arg(caret->cursorPosition()));
+    }
+    return words.join(u", "_s);
+}
+
+const QString sample = u"Сниппет 日本\nif \U0001F642 żab\nend"_s;
+
+// What a screen reader gets from the editor.
+struct Reader : Pane {
+    Reader() : Pane(sample.toUtf8()) { }
+    QAccessibleInterface& reader = *QAccessible::queryAccessibleInterface(&view);
+    QAccessibleTextInterface& text = *reader.textInterface();
+};
 
 } // namespace
 
@@ -69,13 +77,13 @@ private slots:
     void text();
     void caretAndBookmarks();
     void edits();
-    void pasteAndDrop();
-    void keyboard();
     void numberMargin();
     void foldingByMouse();
-    void wildArguments();
-    void wildNeighbours();
+    void wildMessages();
     void languageLeavesNothing();
+    void readerReads();
+    void readerSelects();
+    void readerEdits();
 };
 
 // What Init asks for, as the component understood it.
@@ -85,30 +93,23 @@ void tst_ScintillaView::setUp()
     const std::tuple<unsigned, unsigned long, long> expected[] = {
         {Qsci::SCI_GETTABWIDTH, 0, 4},
         {Qsci::SCI_GETINDENT, 0, 4},
-        {Qsci::SCI_GETCARETPERIOD, 0, 400},
         {Qsci::SCI_GETEOLMODE, 0, Qsci::SC_EOL_LF},
         {Qsci::SCI_GETINDENTATIONGUIDES, 0, Qsci::SC_IV_LOOKBOTH},
         {Qsci::SCI_GETMODEVENTMASK, 0, Qsci::SC_MOD_INSERTTEXT | Qsci::SC_MOD_DELETETEXT},
         {Qsci::SCI_GETMARGINWIDTHN, 0, 25},
         {Qsci::SCI_GETMARGINWIDTHN, 1, 16},
         {Qsci::SCI_GETMARGINWIDTHN, 2, 16},
-        {Qsci::SCI_GETMARGINMASKN, 2, long(Qsci::SC_MASK_FOLDERS)},
-        {Qsci::SCI_GETMARGINSENSITIVEN, 2, 1},
         {Qsci::SCI_MARKERSYMBOLDEFINED, 0, Qsci::SC_MARK_CIRCLE},
         {Qsci::SCI_MARKERSYMBOLDEFINED, Qsci::SC_MARKNUM_FOLDER, Qsci::SC_MARK_PLUS},
         {Qsci::SCI_MARKERSYMBOLDEFINED, Qsci::SC_MARKNUM_FOLDEROPEN, Qsci::SC_MARK_MINUS},
-        {Qsci::SCI_MARKERSYMBOLDEFINED, Qsci::SC_MARKNUM_FOLDERTAIL, Qsci::SC_MARK_EMPTY},
     };
     for (const auto& [message, parameter, value] : expected)
-        QVERIFY2(qint32(p.get(message, parameter)) == qint32(value),
-                 qPrintable(u"%1 of %2"_s.arg(message).arg(parameter)));
+        QVERIFY2(p.get(message, parameter) == value, qPrintable(u"%1 of %2"_s.arg(message).arg(parameter)));
     p.code.SetDisplayFolding(false);
     p.code.SetDisplaySelection(false);
     QVERIFY(p.get(Qsci::SCI_GETMARGINWIDTHN, 1) == 0 && p.get(Qsci::SCI_GETMARGINWIDTHN, 2) == 0);
-    const long paper = p.get(Qsci::SCI_STYLEGETBACK, STYLE_DEFAULT);
-    const long match = p.get(Qsci::SCI_STYLEGETBACK, STYLE_BRACELIGHT),
-               bad = p.get(Qsci::SCI_STYLEGETBACK, STYLE_BRACEBAD);
-    QVERIFY(match != paper && bad != paper && match != bad);
+    const auto paper = [&p](int style) { return p.get(Qsci::SCI_STYLEGETBACK, static_cast<unsigned long>(style)); };
+    QCOMPARE(QSet({paper(STYLE_DEFAULT), paper(STYLE_BRACELIGHT), paper(STYLE_BRACEBAD)}).size(), 3);
     p.view.setText("a\r\nb\rc");
     p.code.Init();
     QCOMPARE(p.view.text(), "a\nb\nc"_ba);
@@ -118,9 +119,8 @@ void tst_ScintillaView::setUp()
 void tst_ScintillaView::text()
 {
     Pane p;
-    for (const QByteArray& text :
-         {"a\r\nb\rc\nd\n\re\r"_ba, u"Zażółć\tgęślą 日本語 \U0001F642\u0301\u200D\n"_s.toUtf8(), "\xEF\xBB\xBFx"_ba,
-          QByteArray("\0a\0\0\r\nb\0", 8), "\xFF\xC0\x80 a\xE9"_ba, "0123456789\r\n"_ba.repeated(100000), ""_ba}) {
+    for (const QByteArray& text : {"a\r\nb\rc\nd\n\re\r"_ba, "\xEF\xBB\xBFx 日本 \U0001F642\u0301\n"_ba,
+                                   QByteArray("\0a\0\0\r\nb\0", 8), "\xFF\xC0\x80 a\xE9"_ba, ""_ba}) {
         p.view.setText("one\ntwo\nthree\n"_ba.repeated(100));
         p.code.setCurLine(1);
         p.code.AddBookmark();
@@ -136,8 +136,7 @@ void tst_ScintillaView::text()
 
 void tst_ScintillaView::caretAndBookmarks()
 {
-    Pane p;
-    p.view.setText("one\n\ttwo\nthree");
+    Pane p("one\n\ttwo\nthree");
     p.code.setCurLine(2);
     p.code.AddBookmark();
     QCOMPARE(p.get(Qsci::SCI_MARKERGET, 1), 1);
@@ -179,46 +178,10 @@ void tst_ScintillaView::edits()
     QVERIFY(isEdit([&] { QTest::keyClick(&p.view, Qt::Key_A); }));
 }
 
-void tst_ScintillaView::pasteAndDrop()
-{
-    Pane p;
-    QGuiApplication::clipboard()->setText(u"日本\U0001F642\r\nż"_s);
-    p.view.send(SCI.PASTE);
-    QCOMPARE(QString::fromUtf8(p.view.text()), u"日本\U0001F642\nż"_s); // line ends of the editor
-    p.view.send(SCI.SELECTALL);
-    p.view.send(SCI.CUT);
-    QCOMPARE(QGuiApplication::clipboard()->text(), u"日本\U0001F642\nż"_s);
-    p.edited.clear();
-    QMimeData mime;
-    mime.setText(u"дроп"_s);
-    QDragEnterEvent enter({60, 5}, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-    QVERIFY(QCoreApplication::sendEvent(p.view.viewport(), &enter) && enter.isAccepted());
-    QDropEvent drop({60, 5}, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(p.view.viewport(), &drop);
-    QCOMPARE(QString::fromUtf8(p.view.text()), u"дроп"_s);
-    QCOMPARE(p.edited.size(), 1);
-}
-
-void tst_ScintillaView::keyboard()
-{
-    Pane p;
-    p.window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&p.window));
-    QTest::keyClick(&p.view, Qt::Key_Tab);
-    QVERIFY(p.view.hasFocus());
-    QTest::keyClick(&p.view, Qt::Key_Tab, Qt::ControlModifier);
-    QVERIFY(p.neighbour.hasFocus());
-    p.view.setFocus();
-    QTest::keyClick(&p.view, Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
-    QVERIFY(!p.view.hasFocus());
-    QCOMPARE(p.view.text(), "\t"_ba);
-}
-
 void tst_ScintillaView::numberMargin()
 {
-    Pane p;
+    Pane p(QByteArray(54, '\n'));
     const auto width = [&p] { return p.get(Qsci::SCI_GETMARGINWIDTHN, 0); };
-    p.view.setText("\n"_ba.repeated(54));
     QTRY_COMPARE(width(), 39);
     p.get(Qsci::SCI_SETZOOM, 20);
     QTRY_VERIFY(width() > 39); // two digits of thirty points
@@ -229,12 +192,11 @@ void tst_ScintillaView::numberMargin()
 
 void tst_ScintillaView::foldingByMouse()
 {
-    Pane p;
-    p.view.setText("int f()\n{\n    a();\n    b();\n}\nint needle;\n");
+    Pane p("int f()\n{\n    a();\n    b();\n}\nint needle;\n");
     p.code.SetLexer(SCLEX_CPP);
     p.get(Qsci::SCI_COLOURISE, 0, -1);
     QCOMPARE(p.code.GetCurrentFoldinglevel() & 0xFFF, 0x400);
-    QVERIFY(QTest::qWaitForWindowExposed(&p.window));
+    QVERIFY(QTest::qWaitForWindowExposed(&p.view));
     const QPoint box(25 + 16 + 8, p.view.rectAt(8).center().y());
     const auto isVisible = [&p](unsigned long line) { return p.get(Qsci::SCI_GETLINEVISIBLE, line) != 0; };
     QTest::mouseClick(p.view.viewport(), Qt::LeftButton, {}, box);
@@ -249,9 +211,9 @@ void tst_ScintillaView::foldingByMouse()
     QCOMPARE(p.view.send(SCI.GETFOLDLEVEL, 1), 0x400);
 }
 
-// Every message with values that would end the process. What is left is that the process lives and the text is
-// readable.
-void tst_ScintillaView::wildArguments()
+// Every message with values that would end the process, and random sequences: state left by one message must not make
+// the next one deadly. What is left is that the process lives and the text is readable.
+void tst_ScintillaView::wildMessages()
 {
     Pane p;
     const QByteArray text = "int f(x)\n{\n  żółć 日本\n}\n"_ba;
@@ -269,17 +231,6 @@ void tst_ScintillaView::wildArguments()
         p.view.send(message, "fold"_ba, ""_ba);
         p.view.grab();
     }
-    p.view.setText(text);
-    QCOMPARE(p.view.text(), text);
-    QCOMPARE(p.view.send(SCI.GETCHARAT, 100), 0);
-    QCOMPARE(p.view.send(SCI.SETTEXT, 0, 4096), 0); // a number is never taken for an address
-    p.view.send(SCI.BRACEBADLIGHT, static_cast<std::uintptr_t>(-1)); // but minus one is none
-}
-
-// Random sequences: state left by one message must not make the next one deadly.
-void tst_ScintillaView::wildNeighbours()
-{
-    Pane p;
     QRandomGenerator random(17);
     for (int round = 0; round < 30000; ++round) {
         const EditorMessage& message = allMessages[random.bounded(quint32(allMessages.size()))];
@@ -295,17 +246,19 @@ void tst_ScintillaView::wildNeighbours()
         if (round % 500 == 0)
             p.view.grab();
     }
-    p.view.setText("ż");
-    QCOMPARE(p.view.text(), "ż"_ba);
+    p.view.setText(text);
+    QCOMPARE(p.view.text(), text);
+    QCOMPARE(p.view.send(SCI.GETCHARAT, 100), 0);
+    QCOMPARE(p.view.send(SCI.SETTEXT, 0, 4096), 0); // a number is never taken for an address
+    p.view.send(SCI.BRACEBADLIGHT, static_cast<std::uintptr_t>(-1)); // but minus one is none
 }
 
 void tst_ScintillaView::languageLeavesNothing()
 {
-    Pane p;
+    Pane p("int a;\n");
     ArchiveUnit(p.archive).Execute(
         u"UPDATE tab_style SET fontName = 'DejaVu Sans', fontSize = 17, foreColor = 255, backColor = 65535, "
         "bold = true, italic = true, underline = true, invisible = true, [case] = 1 WHERE lexerCode = 'SCLEX_CPP'"_s);
-    p.view.setText("int a;\n");
     const auto looks = [&p] {
         QStringList all;
         for (unsigned long style = 0; style < 128; ++style) {
@@ -326,6 +279,70 @@ void tst_ScintillaView::languageLeavesNothing()
         QVERIFY(p.firstStyle() != 5); // words of the language before are gone, also within one lexer
         p.code.SetLexer(SCLEX_CPP);
     }
+}
+
+void tst_ScintillaView::readerReads()
+{
+    Reader r;
+    QCOMPARE(r.reader.role(), QAccessible::EditableText);
+    QCOMPARE(r.reader.text(QAccessible::Name), u"Code"_s);
+    QCOMPARE(r.reader.text(QAccessible::Value), sample);
+    QVERIFY(r.reader.state().multiLine && r.reader.state().editable);
+    QCOMPARE(r.text.characterCount(), sample.size());
+    const std::tuple<int, int, QString> parts[] = {
+        {0, -1, sample}, {8, 10, u"日本"_s}, {14, 16, u"\U0001F642"_s}, {-5, 3, u"Сни"_s}, {9, 8, {}}};
+    for (const auto& [from, to, text] : parts)
+        QCOMPARE(r.text.text(from, to), text);
+    int start = 0;
+    int end = 0;
+    QVERIFY(r.text.attributes(3, &start, &end).contains(u"font-family:\"Courier New\";"));
+    QVERIFY(start == 0 && end == sample.size());
+    QVERIFY(QTest::qWaitForWindowExposed(&r.view));
+    const QRect first = r.text.characterRect(11);
+    const QRect next = r.text.characterRect(12);
+    QVERIFY(first.height() > 5 && r.reader.rect().contains(first) && next.left() == first.right() + 1);
+    QCOMPARE(r.text.offsetAtPoint(next.center() - QPoint(1, 0)), 12);
+    for (const int wild : {-1, 1 << 20})
+        QVERIFY(r.text.characterRect(wild).isValid());
+}
+
+void tst_ScintillaView::readerSelects()
+{
+    Reader r;
+    // Inside a pair the caret goes before it.
+    for (const auto& [asked, got] : {std::pair(10, 10), {15, 14}, {100000, int(sample.size())}, {-4, 0}}) {
+        r.text.setCursorPosition(asked);
+        QCOMPARE(r.text.cursorPosition(), got);
+    }
+    QCOMPARE(r.text.selectionCount(), 0);
+    r.text.setSelection(0, 16, 20);
+    QCOMPARE(r.text.selectionCount(), 1);
+    int start = 0;
+    int end = 0;
+    r.text.selection(0, &start, &end);
+    QCOMPARE(r.text.text(start, end), u" żab"_s);
+    QCOMPARE(worded(CodeEditorAccessible::caretEvents(r.view)), u"caret 20, selected 16 to 20"_s);
+    r.text.removeSelection(0);
+    QCOMPARE(r.text.selectionCount(), 0);
+}
+
+void tst_ScintillaView::readerEdits()
+{
+    Reader r;
+    QStringList changes;
+    connect(&r.view, &Qsci::SCN_MODIFIED, this, [&](int position, int type, const char* text, int length) {
+        changes.append(worded(CodeEditorAccessible::changeEvents(r.view, position, QByteArray(text, length),
+                                                                 (type & Qsci::SC_MOD_INSERTTEXT) != 0)));
+    });
+    r.text.setCursorPosition(10); // behind the two ideographs
+    QTest::keyClick(&r.view, Qt::Key_X);
+    QTest::keyClick(&r.view, Qt::Key_Backspace);
+    QCOMPARE(changes, QStringList({u"+10 x"_s, u"-10 x"_s}));
+    QAccessibleEditableTextInterface& edit = *r.reader.editableTextInterface();
+    edit.replaceText(14, 16, u"ż"_s);
+    edit.insertText(0, u"\U0001F642"_s);
+    edit.deleteText(2, 10);
+    QCOMPARE(QString::fromUtf8(r.view.text()), u"\U0001F642日本\nif ż żab\nend"_s);
 }
 
 SNIPVALE_TEST(tst_ScintillaView)

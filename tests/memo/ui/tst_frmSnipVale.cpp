@@ -3,8 +3,8 @@
 #include "support/EditorFixture.h"
 #include "support/Registry.h"
 
+#include "desktop/TextForms.h"
 #include "memo/cMemo.h"
-#include "memo/code/ScintillaMessages.h"
 #include "memo/code/ui/ScintillaView.h"
 #include "memo/ui/frmSnipVale.h"
 #include "ui/richtext/RichTextBox.h"
@@ -38,10 +38,18 @@ struct Editor : EditorFixture {
         combo.setCurrentText(language);
         emit combo.activated(combo.currentIndex());
     }
-    QAction& button(const char* key)
+    QAction& action(const char* key)
     {
         return *get<QToolBar>("tbToolBarMemo").findChild<QAction*>(QString::fromLatin1(key));
     }
+    void press(const char* key) { action(key).trigger(); }
+    // The style of the fifteenth letter.
+    long style()
+    {
+        code().SendScintilla(QsciScintillaBase::SCI_COLOURISE, 0UL, long(-1));
+        return code().SendScintilla(QsciScintillaBase::SCI_GETSTYLEAT, 15UL);
+    }
+    QString dates() { return get<QLabel>("lblDateIn").text() + get<QLabel>("lblLastModified").text(); }
 
     cMemo memo{archive};
 };
@@ -52,7 +60,7 @@ struct Editor : EditorFixture {
 class tst_frmSnipVale : public QObject {
     Q_OBJECT
 private slots:
-    void everyScriptComesBackByteForByte();
+    void everyFieldComesBack();
     void notesKeepTheirBytes();
     void linkButton();
     void languages();
@@ -61,19 +69,27 @@ private slots:
     void panes();
 };
 
-void tst_frmSnipVale::everyScriptComesBackByteForByte()
+void tst_frmSnipVale::everyFieldComesBack()
 {
     const QByteArray text = "Привет 世界 \U0001F600 é\r\nline\rline\n\ttab\n";
     Editor e;
-    e.box("txtMemoName").setText(u"x"_s);
+    for (const char* name : {"txtMemoName", "txtMemoDescription", "txtMemoLink"})
+        e.box(name).setText(QLatin1String(name));
     e.code().send(SCI.SETTEXT, 0, text);
     e.click("cmdOK");
     QVERIFY(!e.window->isVisible());
+    ArchiveUnit(e.archive).Execute(u"INSERT INTO tab_memo (categoryID) VALUES (1)"_s);
+    for (const qint32 undated : {0, 2}) {
+        e.open(1);
+        QCOMPARE(e.window->windowTitle(), u"Memo: txtMemoName"_s);
+        for (const char* name : {"txtMemoName", "txtMemoDescription", "txtMemoLink"})
+            QCOMPARE(e.box(name).text(), QLatin1String(name));
+        QCOMPARE(e.code().text(), text);
+        QCOMPARE(e.dates(), shortMoment(e.clock.now()).repeated(2));
+        e.open(undated);
+        QCOMPARE(e.dates(), QString()); // none of the memo before
+    }
     e.open(1);
-    QVERIFY(e.loaded);
-    QCOMPARE(e.window->windowTitle(), u"Memo: x"_s);
-    QCOMPARE(e.code().text(), text);
-    QVERIFY(!e.get<QLabel>("lblDateIn").text().isEmpty());
     e.code().setText(QByteArray());
     e.box("txtMemoName").setText(u"y"_s);
     e.click("cmdOK");
@@ -105,10 +121,10 @@ void tst_frmSnipVale::notesKeepTheirBytes()
 void tst_frmSnipVale::linkButton()
 {
     Editor e;
-    auto& link = e.get<QLineEdit>("txtMemoLink");
+    QLineEdit& link = e.box("txtMemoLink");
     auto& button = e.get<QToolButton>("cmdUrl");
     QVERIFY(!button.isEnabled());
-    for (const QString& no : {u"HTTP://x"_s, u"ftp://x"_s, u" http://x"_s, u"file:///etc/passwd"_s}) {
+    for (const QString& no : {u"HTTP://x"_s, u" http://x"_s, u"file:///etc/passwd"_s}) {
         link.setText(no);
         QVERIFY2(!button.isEnabled(), qPrintable(no));
     }
@@ -124,11 +140,9 @@ void tst_frmSnipVale::languages()
     e.code().send(SCI.SETTEXT, 0, QByteArray("int x = 1; // words"));
     e.choose(u"C / C++"_s);
     QVERIFY(e.window->isDirty());
-    e.code().SendScintilla(QsciScintillaBase::SCI_COLOURISE, 0UL, long(-1));
-    const long asCpp = e.code().SendScintilla(QsciScintillaBase::SCI_GETSTYLEAT, 15UL);
+    const long asCpp = e.style();
     e.choose(u"Plain text"_s);
-    e.code().SendScintilla(QsciScintillaBase::SCI_COLOURISE, 0UL, long(-1));
-    QVERIFY(e.code().SendScintilla(QsciScintillaBase::SCI_GETSTYLEAT, 15UL) != asCpp);
+    QVERIFY(e.style() != asCpp);
     QCOMPARE(e.code().text(), QByteArray("int x = 1; // words"));
     e.choose(u"Python"_s);
     e.box("txtMemoName").setText(u"p"_s);
@@ -138,7 +152,6 @@ void tst_frmSnipVale::languages()
     ArchiveUnit(e.archive).Execute(u"UPDATE tab_memoType SET visible = '0' WHERE memoTypeID = 2"_s);
     e.open(1); // its language is hidden by now: none is selected, and none is stored
     QCOMPARE(e.get<QComboBox>("cboMemoType").currentIndex(), -1);
-    QCOMPARE(e.get<QComboBox>("cboMemoType").findText(u"Python"_s), -1);
     e.box("txtMemoName").setText(u"m"_s);
     e.click("cmdOK");
     QCOMPARE(e.value(u"SELECT memoTypeID FROM tab_memo"_s), u"0"_s);
@@ -147,42 +160,50 @@ void tst_frmSnipVale::languages()
 void tst_frmSnipVale::codeBar()
 {
     Editor e;
-    QVERIFY(e.button("WrapLine").isChecked());
-    QTest::keyClicks(&e.code(), u"abc"_s);
-    e.button("Clear").trigger();
+    QTest::keyClicks(&e.code(), u"ab"_s);
+    QTest::keyClick(&e.code(), Qt::Key_Tab);
+    e.press("Clear");
     QCOMPARE(e.code().text(), QByteArray());
-    e.button("Undo").trigger();
-    QCOMPARE(e.code().text(), QByteArray("abc"));
-    e.button("Redo").trigger();
+    e.press("Undo");
+    QCOMPARE(e.code().text(), QByteArray("ab\t"));
+    e.press("Redo");
+    e.press("Undo");
+    e.press("Undo");
+    e.press("Redo");
+    e.code().send(SCI.SELECTALL);
+    e.press("Copy");
+    QCOMPARE(e.code().text(), QByteArray("ab\t"));
+    e.press("Cut");
     QCOMPARE(e.code().text(), QByteArray());
-    e.button("WrapLine").trigger();
-    QCOMPARE(e.code().send(SCI.GETWRAPMODE), 0);
-    QVERIFY(!e.button("WrapLine").isChecked());
-    e.button("WrapLine").trigger();
-    QCOMPARE(e.code().send(SCI.GETWRAPMODE), 1);
+    e.press("Paste");
+    QCOMPARE(e.code().text(), QByteArray("ab\t"));
+    for (const bool wraps : {true, false, true}) {
+        QCOMPARE(e.code().send(SCI.GETWRAPMODE), wraps ? 1 : 0);
+        QCOMPARE(e.action("WrapLine").isChecked(), wraps);
+        e.press("WrapLine");
+    }
+    QVERIFY(QTest::qWaitForWindowActive(e.window.get()));
+    e.code().setFocus();
+    QTest::keyClick(&e.code(), Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(e.window->focusWidget()->objectName(), u"imgCodeEqual"_s);
 }
 
 void tst_frmSnipVale::files()
 {
     Editor e;
-    QTemporaryDir folder;
-    const QString name = folder.filePath(u"x.txt"_s);
-    QFile file(name);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("caf\xE9\r\nb\r\n");
-    file.close();
-    e.files.answers = {name, folder.filePath(u"missing"_s), std::nullopt, folder.filePath(u"out.txt"_s)};
-    e.button("Open").trigger();
+    const QString name = e.scratch.path(u"x.txt"_s);
+    const QString out = e.scratch.path(u"out.txt"_s);
+    writeFile(name, "caf\xE9\r\nb\r\n");
+    e.files.answers = {name, e.scratch.path(u"missing"_s), std::nullopt, out};
+    e.press("Open");
     QCOMPARE(e.code().text(), QByteArray("café\nb"));
     QVERIFY(e.window->isDirty());
     e.questions.expect(QString());
-    e.button("Open").trigger(); // cannot be read: said, and the pane keeps its text
+    e.press("Open"); // cannot be read: said, and the pane keeps its text
     QVERIFY(e.questions.asked.last().text.startsWith("Error in OpenFile: "_L1));
-    e.button("Save").trigger(); // cancelled
-    e.button("Save").trigger();
-    QFile out(folder.filePath(u"out.txt"_s));
-    QVERIFY(out.open(QIODevice::ReadOnly));
-    QCOMPARE(out.readAll(), QByteArray("café\nb"));
+    e.press("Save"); // cancelled
+    e.press("Save");
+    QCOMPARE(bytesOf(out), QByteArray("café\nb"));
     QCOMPARE(e.files.asked.first(), u"Open|All Files (*.*) |*.*"_s);
     QCOMPARE(e.files.asked.last(), u"Save Memo to File...|All Files (*.*) |*.*"_s);
 }
@@ -190,21 +211,19 @@ void tst_frmSnipVale::files()
 void tst_frmSnipVale::panes()
 {
     Editor e;
-    auto& splitter = e.get<QSplitter>("hSplitter");
+    const auto sizes = [&e] { return e.get<QSplitter>("hSplitter").sizes(); };
     const int header = e.get<QWidget>("picNote").height();
     e.get<QToolButton>("imgCodePlus").click();
     QCOMPARE(e.memo.MemoOpeningState, qint16(1));
-    QCOMPARE(splitter.sizes().last(), header);
+    QCOMPARE(sizes().last(), header);
     e.get<QToolButton>("imgNotePlus").click();
     QCOMPARE(e.memo.MemoOpeningState, qint16(2));
-    QCOMPARE(splitter.sizes().first(), header);
     e.box("txtMemoName").setText(u"m"_s);
     e.click("cmdOK");
     e.open(1);
-    QCOMPARE(e.get<QSplitter>("hSplitter").sizes().first(), header); // as it was left
+    QCOMPARE(sizes().first(), header); // as it was left
     e.get<QToolButton>("imgNoteEqual").click();
-    const QList<int> sizes = e.get<QSplitter>("hSplitter").sizes();
-    QVERIFY(std::abs(sizes.first() - sizes.last()) < 20);
+    QVERIFY(std::abs(sizes().first() - sizes().last()) < 20);
 }
 
 SNIPVALE_TEST(tst_frmSnipVale)
