@@ -3,8 +3,6 @@
 #pragma once
 
 #include <QFile>
-#include <cstring>
-#include <string_view>
 #include <sys/uio.h>
 #include <unistd.h>
 
@@ -25,26 +23,15 @@ inline QString secret()
     return text;
 }
 
-// As UTF-16 or as bytes; clears the buffer behind itself.
-inline bool isThere(QByteArray& buffer)
-{
-    QByteArray wide;
-    for (const char c : turned)
-        wide.append(c).append(char(turn));
-    for (char& byte : buffer)
-        byte = char(byte ^ turn);
-    const std::string_view all(buffer.constData(), size_t(buffer.size()));
-    const bool found = all.find(std::string_view(turned, sizeof turned)) != all.npos ||
-        all.find(std::string_view(wide.constData(), size_t(wide.size()))) != all.npos;
-    buffer.fill('\0');
-    return found;
-}
-
+// As UTF-16 or as bytes.
 inline bool isInMemory()
 {
     QFile maps(QStringLiteral("/proc/self/maps"));
     if (!maps.open(QIODevice::ReadOnly))
         qFatal("no list of the memory");
+    QByteArray wide;
+    for (const char c : turned)
+        wide.append(c).append(char(turn));
     bool found = false;
     for (const QByteArray& line : maps.readAll().split('\n')) {
         const QList<QByteArray> words = line.split(' ');
@@ -57,8 +44,12 @@ inline bool isInMemory()
         QByteArray buffer(qsizetype(size), '\0');
         const iovec to{buffer.data(), size_t(size)};
         const iovec from{reinterpret_cast<void*>(first), size_t(size)};
-        if (::process_vm_readv(::getpid(), &to, 1, &from, 1, 0) > 0)
-            found = isThere(buffer) || found;
+        if (::process_vm_readv(::getpid(), &to, 1, &from, 1, 0) <= 0)
+            continue;
+        for (char& byte : buffer)
+            byte = char(byte ^ turn);
+        found = found || buffer.contains(QByteArrayView(turned, sizeof turned)) || buffer.contains(wide);
+        buffer.fill('\0');
     }
     return found;
 }

