@@ -14,8 +14,7 @@ struct AlarmFixture : StartedArchive {
         todo.CategoryID = category;
         todo.ToDoName = name;
         todo.AlarmOn = isOn;
-        if (!alarm.isNull())
-            todo.AlarmDate = {alarm.date(), alarm.time()};
+        todo.AlarmDate = {alarm.date(), alarm.time()};
         todo.Save();
         return todo.ToDoID;
     }
@@ -35,22 +34,4 @@ struct AlarmFixture : StartedArchive {
         return value(QStringLiteral("SELECT %1 FROM tab_todo WHERE todoID = %2").arg(name).arg(id));
     }
     qint32 category = value(QStringLiteral("SELECT categoryID FROM tab_category WHERE type = 2")).toInt();
-};
-
-// The rest of the program in another zone of the world.
-class ZoneGuard {
-public:
-    ~ZoneGuard()
-    {
-        m_before.isEmpty() ? qunsetenv("TZ") : qputenv("TZ", m_before);
-        tzset();
-    }
-    static void set(const char* zone)
-    {
-        qputenv("TZ", zone);
-        tzset();
-    }
-
-private:
-    QByteArray m_before = qgetenv("TZ");
 };
