@@ -18,16 +18,6 @@ struct AlarmFixture : StartedArchive {
         todo.Save();
         return todo.ToDoID;
     }
-    void addMany(int count) // due
-    {
-        ArchiveUnit unit(archive);
-        jet::Connection::Transaction all(unit.connection());
-        const QString sql = QStringLiteral("INSERT INTO tab_todo (categoryID, name, alarmOn, alarmDate) "
-                                           "VALUES (%1, 'n%2', 1, '2026-3-1 8:0:0')");
-        for (int i = 1; i <= count; ++i)
-            unit.Execute(sql.arg(category).arg(i));
-        all.commit();
-    }
     void run(const QString& sql) { ArchiveUnit(archive).Execute(sql); }
     QString column(const QString& name, qint32 id)
     {
