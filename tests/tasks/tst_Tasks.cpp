@@ -96,39 +96,34 @@ void tst_Tasks::answersAndNone()
     f.check();
     QCOMPARE(f.seen.size(), 4);
 
-    f.clock.moment = day(2026, 3, 4, 10, 0);
+    f.clock.moment = f.clock.moment.addSecs(1);
     UpdateAlarm(f.archive, stopped, std::nullopt);
     QCOMPARE(f.column(u"alarmOn"_s, stopped) + f.column(u"alarmDate"_s, stopped), u"0"_s);
     QCOMPARE(f.column(u"dateLastMod"_s, later), u"2026-03-04 09:05:00"_s); // only the row that was answered
     UpdateAlarm(f.archive, later, jet::LocalMoment{QDate(2028, 2, 29), QTime(0, 0, 1)});
     QVERIFY_THROWS_EXCEPTION(std::exception, UpdateAlarm(f.archive, 77, std::nullopt));
-    f.opened.clear();
-    f.check();
-    QVERIFY(f.opened.isEmpty());
-    f.clock.moment = day(2028, 2, 29, 0, 0, 2);
-    f.check();
-    QCOMPARE(f.opened, QList<qint32>{later});
+    QCOMPARE(f.column(u"alarmOn"_s, later) + f.column(u"alarmDate"_s, later), u"-12028-02-29 00:00:01"_s);
 }
 
 // More due than there is room: each is seen, also when the user closes them without an answer and checks go on.
 void tst_Tasks::manyAtOnce()
 {
     Screen f;
-    for (int i = 0; i < 100; ++i)
+    for (int i = 0; i < 30; ++i)
         f.add(f.clock.moment.addDays(-1));
     f.room = 8;
     f.check();
     QCOMPARE(f.opened.size(), 8);
-    QCOMPARE(f.queue.waiting(), 92);
+    QCOMPARE(f.queue.waiting(), 22);
     QSet<qint32> seen;
-    for (int i = 0; i < 100; ++i) {
+    for (int i = 0; i < 30; ++i) {
         seen.insert(f.opened.takeFirst());
         f.queue.openNext();
         if (i % 3 == 0)
             f.check();
         QVERIFY(f.opened.size() <= 8);
     }
-    QCOMPARE(seen.size(), 100);
+    QCOMPARE(seen.size(), 30);
     QCOMPARE(QSet<qint32>(f.opened.begin(), f.opened.end()).size(), f.opened.size());
 }
 
@@ -181,14 +176,11 @@ void tst_Tasks::failuresAreToldOnce()
 
 void tst_Tasks::sounds()
 {
-    const QTemporaryDir folder;
     FakeSound sound;
-    soundAlert(sound, folder.path()); // a device, no file: silent
-    writeFile(folder.filePath(u"alert.wav"_s), "RIFF");
-    soundAlert(sound, folder.path());
+    soundAlert(sound, u"/nowhere"_s); // a device, no file: silent
     sound.devices = 0;
-    soundAlert(sound, folder.path());
-    QCOMPARE(sound.heard, (QStringList{folder.filePath(u"alert.wav"_s), u"beep"_s}));
+    soundAlert(sound, QStringLiteral(SHIPPED_DIR));
+    QCOMPARE(sound.heard, QStringList{u"beep"_s});
 }
 
 void tst_Tasks::priorityStaysWithinItsEnds()

@@ -179,16 +179,6 @@ void tst_frmSysTray::pictures()
     f.tray.Load(u"b.SVA"_s); // another archive
     QVERIFY(f.icon().isVisible() && f.tray.isHidden() && !f.flash().isActive());
     QCOMPARE(f.icon().toolTip(), u"SnipVale 3.1.12\nDB: b.SVA"_s);
-
-    const QTemporaryDir folder;
-    const QString file = folder.filePath(u"p.png"_s);
-    QVERIFY(first.save(file));
-    f.questions.expect(QString()); // for the one that is missing
-    for (const QString& name : {file, folder.filePath(u"none.png"_s)}) {
-        f.tray.setInterval(1000);
-        f.tray.setTrayIcon(name);
-        QVERIFY(!f.flash().isActive() && f.shown() == first);
-    }
 }
 
 SNIPVALE_TEST(tst_frmSysTray)
