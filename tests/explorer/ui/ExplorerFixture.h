@@ -52,11 +52,6 @@ struct Explorer : UiFixture {
     {
         return find<ListView>(("lvw" + wordsOf(kind).name.toLatin1()).constData());
     }
-    ElementPane& pane(ElementKind kind)
-    {
-        ElementPane* const panes[] = {&window.memos(), &window.bookmarks(), &window.toDos()};
-        return *panes[size_t(kind)];
-    }
     QString label(const char* name) { return find<QLabel>(name).text(); }
     QString section() { return window.findChild<QStackedWidget*>()->currentWidget()->objectName(); }
     bool enabled(const QString& command) { return frame.enabledCommands.value(command); }
@@ -70,11 +65,6 @@ struct Explorer : UiFixture {
         QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, nodeAt(id));
     }
     void click(ElementKind kind) { click(categoryOf(kind)); }
-    static void clickHeader(ListView& view, int column)
-    {
-        QHeaderView* bar = view.header();
-        QTest::mouseClick(bar->viewport(), Qt::LeftButton, {}, QPoint(bar->sectionViewportPosition(column) + 12, 8));
-    }
     static QPoint cellAt(ListView& view, int row, int column = 0)
     {
         return view.visualRect(view.model()->index(row, column)).center();
@@ -88,19 +78,10 @@ struct Explorer : UiFixture {
         return found;
     }
 
-    void run(const QString& sql)
+    void run(const QString& sql) { ArchiveUnit(archive).Execute(sql); }
+    void addCategory(const QString& values) // "id, parent, type, 'name'"
     {
-        ArchiveUnit unit(archive);
-        unit.Execute(sql);
-        statements.removeLast();
-    }
-    void addCategory(int id, int parent, int type, const QString& name)
-    {
-        run(QStringLiteral("INSERT INTO tab_category (categoryID, parentID, type, name) VALUES (%1, %2, %3, '%4')")
-                .arg(id)
-                .arg(parent)
-                .arg(type)
-                .arg(name));
+        run(QStringLiteral("INSERT INTO tab_category (categoryID, parentID, type, name) VALUES (%1)").arg(values));
     }
     // Elements of a kind in its first category; bookmarks have a link, to-dos the priority "Low".
     void add(ElementKind kind, const QStringList& names)
@@ -154,11 +135,9 @@ struct DragExplorer : Explorer {
     QString filedIn(int categoryID, ElementKind kind = ElementKind::Memo)
     {
         QStringList ids;
-        jet::Connection connection;
-        connection.Open(archive.ConnectionString());
         const QString sql = QStringLiteral("SELECT %2 FROM %1 WHERE categoryID = %3 ORDER BY %2");
-        jet::Recordset rows =
-            connection.OpenRecordset(sql.arg(wordsOf(kind).table, wordsOf(kind).keyColumn).arg(categoryID));
+        ArchiveUnit unit(archive);
+        jet::Recordset rows = unit.Open(sql.arg(wordsOf(kind).table, wordsOf(kind).keyColumn).arg(categoryID));
         for (; !rows.eof(); rows.moveNext())
             ids.append(rows.text(0));
         return ids.join(u' ');
@@ -171,13 +150,11 @@ struct DragExplorer : Explorer {
 private:
     static void fill(Explorer& e)
     {
-        e.addCategory(20, 2, 1, QStringLiteral("links"));
-        e.addCategory(10, 1, 0, QStringLiteral("inner"));
-        e.addCategory(11, 10, 0, QStringLiteral("innermost"));
-        e.addCategory(30, 3, 2, QStringLiteral("later"));
-        const QStringList names = {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
-        e.add(ElementKind::Memo, names + QStringList{QStringLiteral("d"), QStringLiteral("e")});
-        e.add(ElementKind::Bookmark, names);
-        e.add(ElementKind::ToDo, names);
+        for (const char* category :
+             {"20, 2, 1, 'links'", "10, 1, 0, 'inner'", "11, 10, 0, 'innermost'", "30, 3, 2, 'later'"})
+            e.addCategory(QString::fromLatin1(category));
+        for (const ElementKind kind : elementKinds)
+            e.add(kind, {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
+        e.add(ElementKind::Memo, {QStringLiteral("d"), QStringLiteral("e")});
     }
 };

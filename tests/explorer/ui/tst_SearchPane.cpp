@@ -8,8 +8,6 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSplitter>
-#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
@@ -27,10 +25,10 @@ struct Searching : Explorer {
     QCheckBox& box(const char* name) { return find<QCheckBox>(name); }
     QLineEdit& text() { return find<QLineEdit>("txtSearchText"); }
     ListView& hits() { return find<ListView>("lvwSearch"); }
-    void check(const QStringList& boxes)
+    void check(const QString& boxes)
     {
         for (const char* name : {"chkMemo", "chkBookmark", "chkToDo"})
-            box(name).setChecked(boxes.contains(QString::fromLatin1(name)));
+            box(name).setChecked(boxes.contains(QLatin1String(name)));
     }
     void search(const QString& what)
     {
@@ -55,51 +53,27 @@ struct Searching : Explorer {
 class tst_SearchPane : public QObject {
     Q_OBJECT
 private slots:
-    void showAndHide();
     void boxesAndRefusals();
     void statements();
     void hitsOfAllKinds();
     void hitsAccumulate();
     void opening();
-    void openingWhatIsGone();
     void deletingHits();
     void commandsAndMenu();
-    void hostileTexts_data();
     void hostileTexts();
-    void errorsKeepTheHits();
     void escapeStops();
     void nothingElseHappensMeanwhile();
 };
 
-void tst_SearchPane::showAndHide()
-{
-    Explorer e;
-    auto& pane = e.find<QWidget>("picSearch");
-    auto& lists = e.find<QStackedWidget>("stkSections");
-    auto& text = e.find<QLineEdit>("txtSearchText");
-    const int all = lists.height();
-    QVERIFY(!pane.isVisible());
-    text.setText(u"old text"_s);
-    e.window.activateWindow();
-    int height = 0;
-    for (QAbstractButton* close : std::initializer_list<QAbstractButton*>{&e.find<QPushButton>("cmdCloseSearch"),
-                                                                          &e.find<QToolButton>("picSearchClose")}) {
-        e.window.search().show();
-        QApplication::processEvents();
-        QCOMPARE(e.window.focusWidget(), &text);
-        QCOMPARE(text.selectedText(), u"old text"_s);
-        QVERIFY(pane.height() > 150 && lists.height() < all);
-        QVERIFY(std::exchange(height, pane.height()) == 0 || height == pane.height());
-        close->click();
-        QApplication::processEvents();
-        QVERIFY(!pane.isVisible());
-        QCOMPARE(lists.height(), all);
-    }
-}
-
 void tst_SearchPane::boxesAndRefusals()
 {
     Searching e;
+    e.window.search().hide();
+    e.text().setText(u"old text"_s);
+    e.window.activateWindow();
+    e.window.search().show();
+    QCOMPARE(e.window.focusWidget(), &e.text());
+    QCOMPARE(e.text().selectedText(), u"old text"_s);
     for (const char* name : {"chkMemo", "chkMemoName", "chkSnipVale", "chkMemoNotes", "chkBookmark", "chkToDo"})
         QVERIFY2(e.box(name).isChecked() && e.box(name).isEnabled(), name);
     for (const bool on : {false, true}) {
@@ -113,7 +87,8 @@ void tst_SearchPane::boxesAndRefusals()
     e.questions.expect(u"Choose where you want to find your memos."_s);
     e.search(u"x"_s);
     QCOMPARE(e.statements, QStringList());
-    QCOMPARE(e.label("lblSearch"), u"Search"_s);
+    e.find<QPushButton>("cmdCloseSearch").click();
+    QVERIFY(!e.find<QWidget>("picSearch").isVisible());
 }
 
 void tst_SearchPane::statements()
@@ -140,13 +115,12 @@ void tst_SearchPane::statements()
              "tab_todo.name as todoName, tab_todo.description, tab_todo.dateIn, tab_todo.dateLastMod  FROM "
              "tab_category INNER JOIN tab_todo ON tab_category.categoryID = tab_todo.categoryID  WHERE 1 <> 1 "
              "  OR ( tab_todo.name LIKE '% a_b %' )  OR ( tab_todo.description LIKE '% a_b %' )"_s}));
-    e.check({u"chkMemo"_s});
+    e.check(u"chkMemo"_s);
     e.box("chkMemoName").setChecked(false);
     e.box("chkMemoNotes").setChecked(false);
     e.search(u" a_b "_s);
+    QCOMPARE(e.statements, QStringList(memos + code));
     e.box("chkSnipVale").setChecked(false);
-    const QStringList codeAlone = e.statements;
-    QCOMPARE(codeAlone, QStringList(memos + code));
     e.search(u"x"_s);
     QCOMPARE(e.statements, QStringList(memos));
 }
@@ -154,62 +128,54 @@ void tst_SearchPane::statements()
 void tst_SearchPane::hitsOfAllKinds()
 {
     Searching e;
-    e.addCategory(20, 1, 0, u"Code Root"_s);
+    e.addCategory(u"20, 1, 0, 'Code Root'"_s);
     e.window.LoadTreeView();
     e.run(u"INSERT INTO tab_memo (categoryID, memoTypeID, memoName, snipVale, memoNotes) VALUES (20, 3, NULL, "
           "'qsort()', 'notes')"_s);
     e.run(u"INSERT INTO tab_bookmark (categoryID, keywords) VALUES (2, 'resorts')"_s);
     e.run(u"INSERT INTO tab_todo (categoryID, description) VALUES (3, 'SORTED')"_s);
-    e.run(u"INSERT INTO tab_memo (categoryID) VALUES (1)"_s);
     e.search(u"Sort"_s);
-    QCOMPARE(e.statements.size(), 3);
     QCOMPARE(e.texts(e.hits()).join(u'|'), u"sort memo||sort bookmark||sort todo|"_s);
     QCOMPARE(e.texts(e.hits(), 1).join(u'|'), u"Code|Code\\Code Root|Bookmarks|Bookmarks|ToDo|ToDo"_s);
     const QString language = e.value(u"SELECT name FROM tab_memoType WHERE memoTypeID = 3"_s);
     QCOMPARE(e.texts(e.hits(), 2).join(u'|'), language + u'|' + language + u"||||"_s);
     QCOMPARE(e.label("lblSearch"), u" Search: (6)"_s);
-    e.search(u"nothing has this"_s);
-    QCOMPARE(e.label("lblSearch"), u" Search: (0)"_s);
-    e.box("chkMemoName").setChecked(false);
+    // Nothing of a search that fails on its way is shown; and one failure is told once.
+    e.add(ElementKind::Memo, {u"sort again"_s});
+    e.run(u"DROP TABLE tab_todo"_s);
+    e.questions.expect(QString());
     e.search(u"sort"_s);
-    QCOMPARE(e.texts(e.hits()).size(), 5); // the memo by its code only
+    QVERIFY(e.questions.asked.last().text.startsWith("Error in SearchToDo: "_L1));
+    QCOMPARE(e.texts(e.hits()).size(), 6);
 }
 
 void tst_SearchPane::hitsAccumulate()
 {
-    struct Step {
-        QStringList boxes;
-        void (SearchPane::*search)();
-        QString hits;
-    };
-    const QStringList all = {u"chkMemo"_s, u"chkBookmark"_s, u"chkToDo"_s};
-    const Step steps[] = {{all, &SearchPane::SearchToDo, u"todo"_s},
-                          {all, &SearchPane::SearchMemo, u"memo"_s}, // always begins anew
-                          {all, &SearchPane::SearchBookmark, u"memo bookmark"_s},
-                          {all, &SearchPane::SearchToDo, u"memo bookmark todo"_s},
-                          {{u"chkBookmark"_s}, &SearchPane::SearchBookmark, u"bookmark"_s}, // "Look in Memo" is off
-                          {{u"chkBookmark"_s}, &SearchPane::SearchToDo, u"bookmark todo"_s},
-                          {{u"chkMemo"_s}, &SearchPane::SearchToDo, u"bookmark todo todo"_s},
-                          {{u"chkToDo"_s}, &SearchPane::SearchToDo, u"todo"_s}};
+    const QString all = u"chkMemo chkBookmark chkToDo"_s;
+    const std::tuple<QString, void (SearchPane::*)(), QString> steps[] = {
+        {all, &SearchPane::SearchToDo, u"todo"_s},
+        {all, &SearchPane::SearchMemo, u"memo"_s}, // always begins anew
+        {all, &SearchPane::SearchBookmark, u"memo bookmark"_s},
+        {all, &SearchPane::SearchToDo, u"memo bookmark todo"_s},
+        {u"chkBookmark"_s, &SearchPane::SearchBookmark, u"bookmark"_s}, // "Look in Memo" is off
+        {u"chkBookmark"_s, &SearchPane::SearchToDo, u"bookmark todo"_s},
+        {u"chkMemo"_s, &SearchPane::SearchToDo, u"bookmark todo todo"_s},
+        {u"chkToDo"_s, &SearchPane::SearchToDo, u"todo"_s}};
     Searching e;
     e.text().setText(u"sort"_s);
-    for (const Step& step : steps) {
-        e.check(step.boxes);
-        (e.window.search().*step.search)();
-        QCOMPARE(e.texts(e.hits()).join(u' ').remove(u"sort "_s), step.hits);
+    for (const auto& [boxes, search, hits] : steps) {
+        e.check(boxes);
+        (e.window.search().*search)();
+        QCOMPARE(e.texts(e.hits()).join(u' ').remove(u"sort "_s), hits);
     }
-    QCOMPARE(e.label("lblSearch"), u" Search: (1)"_s);
 }
 
 void tst_SearchPane::opening()
 {
     Searching e;
-    QVERIFY(!e.window.SelectElementInTreeView()); // no hits yet
     e.search(u"sort"_s);
     e.questions.expect(u"Error: Nothing is selected"_s);
     QTest::keyClick(&e.hits(), Qt::Key_Return);
-    QCOMPARE(e.questions.asked.last().style, MessageStyle::Critical);
-    const QString pages[] = {u"lvwMemo"_s, u"picBookmark"_s, u"picToDo"_s};
     for (const ElementKind kind : {ElementKind::ToDo, ElementKind::Memo, ElementKind::Bookmark}) {
         QString title;
         whenModal([&title](QWidget& window) {
@@ -218,28 +184,15 @@ void tst_SearchPane::opening()
         });
         QTest::mouseDClick(e.hits().viewport(), Qt::LeftButton, {}, e.cellAt(e.hits(), int(kind), 1));
         QVERIFY2(title.startsWith(wordsOf(kind).name), qPrintable(title));
-        QCOMPARE(e.section(), pages[size_t(kind)]);
         QCOMPARE(e.selected(), categoryOf(kind));
-        QCOMPARE(e.category.CategoryID, categoryOf(kind));
         QCOMPARE(e.list(kind).selectedKeys(), QStringList({keyOf(kind, 1)}));
         QCOMPARE(e.hits().selectedKeys(), QStringList({keyOf(kind, 1)}));
     }
-}
-
-void tst_SearchPane::openingWhatIsGone()
-{
-    Searching e;
-    e.search(u"sort"_s);
-    e.run(u"DELETE * FROM tab_todo"_s);
-    e.hits().selectKey(u"1 T_ID"_s);
-    QVERIFY(e.window.SelectElementInTreeView()); // its category is still there
-    QCOMPARE(e.list(ElementKind::ToDo).selectedKeys(), QStringList());
     e.run(u"DELETE * FROM tab_category WHERE categoryID = 1"_s);
     e.window.LoadTreeView();
     e.hits().selectKey(u"1 M_ID"_s);
     e.questions.expect(u"Error in SelectElementInTreeView: The category is no longer in the tree."_s);
     e.window.OpenSearchElement(); // and no editor
-    QCOMPARE(e.filter.EditingModeMemoID, 0);
 }
 
 void tst_SearchPane::deletingHits()
@@ -294,55 +247,27 @@ void tst_SearchPane::commandsAndMenu()
     QVERIFY(!e.window.SelectElementInTreeView());
 }
 
-void tst_SearchPane::hostileTexts_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("name"); // of a memo
-    QTest::addColumn<int>("hits"); // -1: an error
-    QTest::newRow("quote") << u"it's"_s << u"it''s"_s << -1;
-    QTest::newRow("two quotes") << u"it''s"_s << u"it''s"_s << 1;
-    QTest::newRow("statement") << u"'; DELETE * FROM tab_memo; --"_s << u"x"_s << -1;
-    QTest::newRow("closed condition") << u"zz%' ) OR ( 1 = 1 ) OR ( 'a' LIKE '"_s << u"x"_s << 2;
-    QTest::newRow("percent matches all") << u"%"_s << u"x"_s << 2;
-    QTest::newRow("emoji") << u"\U0001F600"_s << u"smile \U0001F600"_s << 1;
-    QTest::newRow("half a surrogate") << QString(QChar(0xD83D)) << u"x"_s << 0;
-    QTest::newRow("a megabyte") << QString(1000000, u'x') << u"x"_s << 0;
-}
-
 void tst_SearchPane::hostileTexts()
 {
-    QFETCH(QString, text);
-    QFETCH(QString, name);
-    QFETCH(int, hits);
+    const std::pair<QString, int> texts[] = {{u"it's"_s, -1}, // an error
+                                             {u"it''s"_s, 1},
+                                             {u"'; DELETE * FROM tab_memo; --"_s, -1},
+                                             {u"zz%' ) OR ( 1 = 1 ) OR ( 'a' LIKE '"_s, 2},
+                                             {u"\U0001F600"_s, 1},
+                                             {QString(QChar(0xD83D)), 0},
+                                             {QString(1000000, u'x'), 0}};
     Searching e;
-    e.add(ElementKind::Memo, {name});
-    e.check({u"chkMemo"_s});
-    e.search(u"sort"_s);
-    QCOMPARE(e.label("lblSearch"), u" Search: (1)"_s);
-    if (hits < 0)
-        e.questions.expect(QString());
-    e.search(text);
-    if (hits < 0) {
-        QVERIFY(e.questions.asked.last().text.startsWith("Error in SearchMemo: "_L1));
-        QCOMPARE(e.questions.asked.last().style, MessageStyle::Critical);
-        QCOMPARE(e.texts(e.hits()), QStringList({u"sort memo"_s}));
-    } else {
-        QCOMPARE(e.texts(e.hits()).size(), hits);
+    e.add(ElementKind::Memo, {u"it''s \U0001F600"_s});
+    e.check(u"chkMemo"_s);
+    for (const auto& [text, hits] : texts) {
+        e.search(u"sort"_s);
+        if (hits < 0)
+            e.questions.expect(QString());
+        e.search(text);
+        QCOMPARE(e.texts(e.hits()).size(), std::abs(hits)); // after an error: the one of before
+        QCOMPARE(e.value(u"SELECT COUNT(*) AS n FROM tab_memo"_s), u"2"_s);
     }
-    QCOMPARE(e.value(u"SELECT COUNT(*) AS n FROM tab_memo"_s), u"2"_s);
-}
-
-void tst_SearchPane::errorsKeepTheHits()
-{
-    Searching e;
-    e.search(u"sort"_s);
-    // Nothing of a search that fails on its way is shown; and one failure is told once.
-    e.run(u"DROP TABLE tab_todo"_s);
-    e.add(ElementKind::Memo, {u"sort again"_s});
-    e.questions.expect(QString());
-    e.search(u"sort"_s);
-    QVERIFY(e.questions.asked.last().text.startsWith("Error in SearchToDo: "_L1));
-    QCOMPARE(e.texts(e.hits()).size(), 3);
+    QVERIFY(e.questions.asked.last().text.startsWith("Error in SearchMemo: "_L1));
 }
 
 void tst_SearchPane::escapeStops()
@@ -358,9 +283,7 @@ void tst_SearchPane::escapeStops()
     QCOMPARE(e.texts(e.hits()).size(), 3);
     QVERIFY(!QApplication::overrideCursor());
     e.search(u"x"_s); // the next one is not stopped
-    QCOMPARE(e.label("lblSearch"), u" Search: (5000)"_s);
     QCOMPARE(e.frame.status, u"Search -  items: 5000"_s);
-    QVERIFY(!QApplication::overrideCursor());
 }
 
 void tst_SearchPane::nothingElseHappensMeanwhile()
@@ -381,12 +304,11 @@ void tst_SearchPane::nothingElseHappensMeanwhile()
     connect(&timer, &QTimer::timeout, this, [&ticked] { ticked = true; });
     timer.start(0);
     e.search(u"x"_s);
-    QVERIFY(!ticked);
+    QVERIFY(!ticked); // no reminder comes up
     QVERIFY(e.window.isVisible());
     QCOMPARE(e.text().text(), u"x"_s);
     QCOMPARE(e.selected(), 3);
     QCOMPARE(e.texts(e.hits()).size(), 5000);
-    QTRY_VERIFY(ticked);
 }
 
 SNIPVALE_TEST(tst_SearchPane)
