@@ -40,14 +40,12 @@ struct Windows : VaultWindows {
     // Types into the boxes from the first one on and presses Enter; the message must come.
     void enter(QWidget& window, const QStringList& texts, const QString& message = {})
     {
-        QStringList names{u"txtPassword1"_s, u"txtPassword2"_s};
-        if (window.objectName() == "frmPasswordChange"_L1)
-            names.prepend(u"txtPasswordOld"_s);
+        const auto boxes = window.findChildren<QLineEdit*>();
         for (qsizetype i = 0; i < texts.size(); ++i)
-            part<QLineEdit>(window, qPrintable(names[i])).setText(texts[i]);
+            boxes[i]->setText(texts[i]);
         if (!message.isEmpty())
             questions.expect(message);
-        QTest::keyClick(&part<QLineEdit>(window, "txtPassword1"), Qt::Key_Return);
+        QTest::keyClick(boxes.first(), Qt::Key_Return);
     }
     bool open(const QStringList& texts, const QString& message = {})
     {
@@ -121,11 +119,10 @@ void tst_frmMasterPassword::changing()
     w.add(u"Bank"_s, u"user"_s, u"a|b"_s);
     w.vault.lock(); // the old password that is typed opens it
     QVERIFY(w.modal(changeMasterPassword, [&](QWidget& window) {
-        for (const auto mode : {QLineEdit::Normal, QLineEdit::Password}) {
-            QTest::mouseClick(&part<QPushButton>(window, "cmdShowHide"), Qt::LeftButton);
-            for (const QLineEdit* box : window.findChildren<QLineEdit*>())
-                QCOMPARE(box->echoMode(), mode);
-        }
+        QLineEdit& box = part<QLineEdit>(window, "txtPassword2");
+        QCOMPARE(box.echoMode(), QLineEdit::Password);
+        part<QPushButton>(window, "cmdShowHide").click();
+        QCOMPARE(box.echoMode(), QLineEdit::Normal);
         const auto refused = [&](const QStringList& texts, const QString& message = {}) {
             w.enter(window, texts, message);
             QVERIFY(window.isVisible() && !w.vault.isUnlocked());
@@ -163,7 +160,7 @@ void tst_frmMasterPassword::resetting()
         w.questions.expect(u"Are you sure you want to reset master password? "_s, answer);
         if (w.archive.onStatement)
             w.questions.expect(nothingToDo);
-        QTest::mouseClick(&part<QPushButton>(window, "cmdResetPassword"), Qt::LeftButton);
+        part<QPushButton>(window, "cmdResetPassword").click();
     };
     QVERIFY(!w.modal(resetMasterPassword, [&](QWidget& window) {
         w.archive.onStatement = nullptr;
@@ -185,32 +182,26 @@ void tst_frmMasterPassword::resetting()
 void tst_frmMasterPassword::nothingStaysInMemory()
 {
     Windows w;
-    const auto type = [](QWidget& window, const char* box) {
-        QString secret = memoryscan::secret();
-        part<QLineEdit>(window, box).setText(secretCopy(secret));
-        wipe(secret);
-    };
-    const auto change = [&](const QString& oldWord, const QStringList& secrets) {
-        return w.modal(changeMasterPassword, [&](QWidget& window) {
-            for (const char* box : {"txtPasswordOld", "txtPassword1", "txtPassword2"})
-                secrets.contains(QLatin1String(box)) ? type(window, box)
-                                                     : part<QLineEdit>(window, box).setText(oldWord);
-            w.questions.expect(saved);
-            w.enter(window, {}, completed);
-        });
-    };
-    QVERIFY(change(master, {u"txtPassword1"_s, u"txtPassword2"_s}));
-    w.vault.lock();
-    QVERIFY2(!memoryscan::isInMemory(), "changing the master password");
-    QVERIFY(!w.modal(changeMasterPassword, [&](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); }));
-    QVERIFY2(!memoryscan::isInMemory(), "giving up its change");
-    QVERIFY(w.modal(openVault, [&](QWidget& window) {
-        type(window, "txtPassword1");
+    w.vault.ResetMasterPwd();
+    const auto type = [&](QWidget& window) {
+        for (QLineEdit* box : window.findChildren<QLineEdit*>()) {
+            QString secret = memoryscan::secret();
+            box->setText(secretCopy(secret));
+            wipe(secret);
+        }
         w.enter(window, {});
-    }));
-    w.vault.lock();
-    QVERIFY2(!memoryscan::isInMemory(), "unlocking");
-    QVERIFY(change(master, {u"txtPasswordOld"_s}));
+    };
+    w.questions.expect(saved);
+    for (const char* what : {"choosing", "unlocking"}) {
+        QVERIFY(w.modal(openVault, type));
+        w.vault.lock();
+        QVERIFY2(!memoryscan::isInMemory(), what);
+    }
+    QVERIFY(!w.modal(changeMasterPassword, [](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); }));
+    QVERIFY2(!memoryscan::isInMemory(), "giving up the change");
+    w.questions.expect(saved);
+    w.questions.expect(completed);
+    QVERIFY(w.modal(changeMasterPassword, type));
     QString secret = memoryscan::secret();
     w.add(u"t"_s, u"u"_s, secret);
     wipe(secret);
@@ -221,7 +212,7 @@ void tst_frmMasterPassword::nothingStaysInMemory()
     whenModal([](QWidget& editor) { editor.close(); });
     list.ModifyPassword();
     list.Lock();
-    QVERIFY2(!memoryscan::isInMemory(), "the list and the editor");
+    QVERIFY2(!memoryscan::isInMemory(), "the change, the list and the editor");
 }
 
 SNIPVALE_TEST(tst_frmMasterPassword)
