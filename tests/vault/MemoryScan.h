@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QFile>
+#include <cstdio>
 #include <sys/uio.h>
 #include <unistd.h>
 
@@ -34,18 +35,16 @@ inline bool isInMemory()
         wide.append(c).append(char(turn));
     bool found = false;
     for (const QByteArray& line : maps.readAll().split('\n')) {
-        const QList<QByteArray> words = line.split(' ');
-        const QList<QByteArray> ends = words.value(0).split('-');
-        const quint64 first = ends.value(0).toULongLong(nullptr, 16);
-        const quint64 size = ends.value(1).toULongLong(nullptr, 16) - first;
+        unsigned long first = 0;
+        unsigned long end = 0;
         // A sanitizer's notes are larger than that; on the stack lie registers that a copy went through.
-        if (!words.value(1).startsWith("rw") || size > (quint64(1) << 30) || line.endsWith("[stack]"))
+        if (std::sscanf(line.constData(), "%lx-%lx", &first, &end) != 2 || !line.contains(" rw") ||
+            end - first > (1UL << 30) || line.endsWith("[stack]"))
             continue;
-        QByteArray buffer(qsizetype(size), '\0');
-        const iovec to{buffer.data(), size_t(size)};
-        const iovec from{reinterpret_cast<void*>(first), size_t(size)};
-        if (::process_vm_readv(::getpid(), &to, 1, &from, 1, 0) <= 0)
-            continue;
+        QByteArray buffer(qsizetype(end - first), '\0');
+        const iovec to{buffer.data(), end - first};
+        const iovec from{reinterpret_cast<void*>(first), end - first};
+        ::process_vm_readv(::getpid(), &to, 1, &from, 1, 0); // what is not to be had stays zero
         for (char& byte : buffer)
             byte = char(byte ^ turn);
         found = found || buffer.contains(QByteArrayView(turned, sizeof turned)) || buffer.contains(wide);
