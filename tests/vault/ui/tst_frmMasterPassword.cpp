@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/Registry.h"
-#include "vault/MemoryScan.h"
 #include "vault/ui/VaultWindows.h"
 
 #include "desktop/SecretMemory.h"
@@ -13,8 +12,7 @@
 class tst_frmMasterPassword : public QObject {
     Q_OBJECT
 private slots:
-    void unlocking();
-    void choosing();
+    void unlockingAndChoosing();
     void changing();
     void resetting();
     void nothingStaysInMemory();
@@ -31,8 +29,7 @@ const QString nothingToDo = u"Nothing to do. Try to close and restart SnipVale. 
 // A vault that is locked, as when the program starts. The windows run modally, driven by `step`.
 struct Windows : VaultWindows {
     Windows() { vault.lock(); }
-    template <typename Command>
-    bool modal(Command command, const std::function<void(QWidget&)>& step)
+    bool modal(decltype(openVault)& command, const std::function<void(QWidget&)>& step)
     {
         whenModal(step);
         return command(vault, desktop, nullptr);
@@ -63,7 +60,7 @@ struct Windows : VaultWindows {
 
 } // namespace
 
-void tst_frmMasterPassword::unlocking()
+void tst_frmMasterPassword::unlockingAndChoosing()
 {
     Windows w;
     QVERIFY(w.modal(openVault, [&](QWidget& window) {
@@ -79,11 +76,6 @@ void tst_frmMasterPassword::unlocking()
     w.execute(u"UPDATE tab_option SET options = '' WHERE code = 'MasterPwd'"_s); // as after another file was put there
     QVERIFY(!w.modal(openVault, [](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); }));
     QVERIFY(!w.vault.isUnlocked());
-}
-
-void tst_frmMasterPassword::choosing()
-{
-    Windows w;
     w.vault.DeleteMasterPwd();
     const QString found = u"I found a problem on DB reading options and I try to fix it for you."_s;
     w.breakStatement(u"INSERT INTO tab_option"_s);
@@ -101,8 +93,7 @@ void tst_frmMasterPassword::choosing()
         refused(u"abcdef"_s, u"abcdeg"_s, u"The two passwords do not match. Retype."_s);
         QVERIFY(part<QLineEdit>(window, "txtPassword1").text().isEmpty());
         refused(u"12345"_s, u"12345"_s, u"Password lenght must be six chars or more."_s);
-        const QString half = u"lone\xD800 half"_s;
-        refused(half, half, u"I found an error coding and decoding your password!"_s);
+        refused(u"half \xD800"_s, u"half \xD800"_s, u"I found an error coding and decoding your password!"_s);
         w.breakStatement(u"UPDATE tab_option"_s);
         refused(u"日本語123"_s, u"日本語123"_s, u"Error saving master password"_s);
         w.archive.onStatement = nullptr;
@@ -156,23 +147,23 @@ void tst_frmMasterPassword::resetting()
     QVERIFY(w.open({master}));
     w.add(u"t"_s, u"user"_s, u"secret"_s);
     const QString stored = w.column("password");
-    const auto click = [&](QWidget& window, Answer answer) {
-        w.questions.expect(u"Are you sure you want to reset master password? "_s, answer);
-        if (w.archive.onStatement)
-            w.questions.expect(nothingToDo);
-        part<QPushButton>(window, "cmdResetPassword").click();
-    };
+    const QString sure = u"Are you sure you want to reset master password? "_s;
     QVERIFY(!w.modal(resetMasterPassword, [&](QWidget& window) {
-        w.archive.onStatement = nullptr;
-        click(window, Answer::No);
+        auto& reset = part<QPushButton>(window, "cmdResetPassword");
+        w.questions.expect(sure, Answer::No);
+        reset.click();
         QCOMPARE(w.questions.asked.last().style, MessageStyle::YesNoDefaultNo);
         w.breakStatement(u"INSERT INTO tab_option"_s);
-        click(window, Answer::Yes);
+        w.questions.expect(sure, Answer::Yes);
+        w.questions.expect(nothingToDo);
+        reset.click();
         w.archive.onStatement = nullptr;
         QVERIFY(window.isVisible() && w.vault.matchesArchive()); // the old row is still there
         QTest::keyClick(&window, Qt::Key_Return); // the default button only closes
     }));
-    QVERIFY(w.modal(resetMasterPassword, [&](QWidget& window) { click(window, Answer::Yes); }));
+    w.questions.expect(sure, Answer::Yes);
+    QVERIFY(
+        w.modal(resetMasterPassword, [](QWidget& window) { part<QPushButton>(window, "cmdResetPassword").click(); }));
     QVERIFY(!w.vault.isUnlocked());
     QCOMPARE(w.vault.ReadMasterPwd() + w.column("password"), stored);
     QVERIFY(w.open({master, master}, saved));
@@ -185,7 +176,7 @@ void tst_frmMasterPassword::nothingStaysInMemory()
     w.vault.ResetMasterPwd();
     const auto type = [&](QWidget& window) {
         for (QLineEdit* box : window.findChildren<QLineEdit*>()) {
-            QString secret = memoryscan::secret();
+            QString secret = scannedSecret();
             box->setText(secretCopy(secret));
             wipe(secret);
         }
@@ -195,14 +186,14 @@ void tst_frmMasterPassword::nothingStaysInMemory()
     for (const char* what : {"choosing", "unlocking"}) {
         QVERIFY(w.modal(openVault, type));
         w.vault.lock();
-        QVERIFY2(!memoryscan::isInMemory(), what);
+        QVERIFY2(!isSecretInMemory(), what);
     }
     QVERIFY(!w.modal(changeMasterPassword, [](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); }));
-    QVERIFY2(!memoryscan::isInMemory(), "giving up the change");
+    QVERIFY2(!isSecretInMemory(), "giving up the change");
     w.questions.expect(saved);
     w.questions.expect(completed);
     QVERIFY(w.modal(changeMasterPassword, type));
-    QString secret = memoryscan::secret();
+    QString secret = scannedSecret();
     w.add(u"t"_s, u"u"_s, secret);
     wipe(secret);
     frmPasswordS list({w.archive, w.desktop, w.frame, w.filter, w.password, w.vault});
@@ -212,7 +203,7 @@ void tst_frmMasterPassword::nothingStaysInMemory()
     whenModal([](QWidget& editor) { editor.close(); });
     list.ModifyPassword();
     list.Lock();
-    QVERIFY2(!memoryscan::isInMemory(), "the change, the list and the editor");
+    QVERIFY2(!isSecretInMemory(), "the change, the list and the editor");
 }
 
 SNIPVALE_TEST(tst_frmMasterPassword)
