@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "support/CoreSupport.h"
+
 #include "jet/Connection.h"
 
-#include <QTemporaryDir>
+#include <QDir>
 #include <QtTest>
+#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +29,39 @@ QString errorOf(Work&& work)
     }
 }
 
+// What another program may do to an archive: plain SQLite without any of our rules.
+class RawSqlite {
+public:
+    explicit RawSqlite(const QString& path) { sqlite3_open(QFile::encodeName(path).constData(), &m_database); }
+    ~RawSqlite() { sqlite3_close(m_database); }
+    RawSqlite(const RawSqlite&) = delete;
+    RawSqlite& operator=(const RawSqlite&) = delete;
+
+    int run(const char* sql) { return sqlite3_exec(m_database, sql, nullptr, nullptr, nullptr); }
+    QByteArray first(const char* sql)
+    {
+        QByteArray result;
+        const auto keep = [](void* to, int, char** texts, char**) {
+            *static_cast<QByteArray*>(to) = texts[0];
+            return 1;
+        };
+        sqlite3_exec(m_database, sql, keep, &result, nullptr);
+        return result;
+    }
+
+private:
+    sqlite3* m_database = nullptr;
+};
+
+// Every name in the folder with its content: equal when nothing was written there.
+inline QStringList stateOf(const QString& folder)
+{
+    QStringList state;
+    for (const QFileInfo& entry : QDir(folder).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
+        state.append(entry.fileName() + u' ' + QString::number(qHash(bytesOf(entry.filePath()))));
+    return state;
+}
+
 // A small archive in a folder of its own, with the kinds of tables and names that the program has.
 class JetFixture {
 public:
@@ -34,10 +70,6 @@ public:
         connection.Create(path());
         for (const QString& sql : schema())
             connection.Execute(sql);
-        connection.Execute(u"INSERT INTO tab_category (parentID, type, name) VALUES (0, 0, 'Code')"_s);
-        connection.Execute(u"INSERT INTO tab_category (parentID, type, name) VALUES (0, 2,'ToDo')"_s);
-        connection.Execute(
-            u"INSERT INTO tab_memoType (memoTypeID, name, lexerCode, enabled) VALUES (3, 'C++', 'SCLEX_CPP', '1')"_s);
     }
 
     QString path(const QString& name = u"scratch.SVA"_s) const { return m_folder.filePath(name); }
@@ -87,6 +119,9 @@ private:
             u"CREATE INDEX categoryID_IDX ON tab_todo (categoryID)"_s,
             u"CREATE TABLE tab_note ( noteID COUNTER, content LONGTEXT, color TEXT(16), noteDate DATETIME, CONSTRAINT ID_PK PRIMARY KEY(noteID) )"_s,
             u"CREATE TABLE tab_option ( code TEXT(64), options LONGTEXT, CONSTRAINT ID_PK PRIMARY KEY (code) )"_s,
+            u"INSERT INTO tab_category (parentID, type, name) VALUES (0, 0, 'Code')"_s,
+            u"INSERT INTO tab_category (parentID, type, name) VALUES (0, 2,'ToDo')"_s,
+            u"INSERT INTO tab_memoType (memoTypeID, name, lexerCode, enabled) VALUES (3, 'C++', 'SCLEX_CPP', '1')"_s,
         };
     }
 

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "jet/FailingDisk.h"
 #include "jet/JetFixture.h"
-#include "jet/RawSqlite.h"
 #include "support/Registry.h"
 
 #include "jet/Maintenance.h"
@@ -25,27 +24,28 @@ void tst_Faults::savesOrNot()
     FailingDisk disk;
     JetFixture fixture;
     fixture.addMemos(30);
-    const QString query =
-        u"SELECT MIN(memoDescription), MAX(memoDescription), COUNT(memoID) FROM tab_memo WHERE memoID < 20"_s;
+    const QString query = u"SELECT MIN(memoDescription), MAX(memoDescription) FROM tab_memo WHERE memoID < 20"_s;
     int failures = 0;
     bool hasFailed = true;
     for (int round = 2; hasFailed; ++round) { // each change fails in both ways
         fixture.reopen();
         const QString before = fixture.rows(query),
                       text = QString(3000, QChar(u'a' + round % 26)) + QString::number(round);
+        const int syncs = disk.syncs(), deletions = disk.syncedDeletions();
         disk.failFrom(round / 2, round % 2 ? SQLITE_FULL : SQLITE_IOERR_WRITE);
         const QString said = errorOf([&] {
             fixture.connection.Execute(u"UPDATE tab_memo SET memoDescription = '"_s + text + u"' WHERE memoID < 20"_s);
         });
         hasFailed = disk.hasFailed();
+        // A power cut takes nothing back: the journal, the file and at last the journal's deletion were synced.
+        QVERIFY(hasFailed || (disk.syncs() >= syncs + 2 && disk.syncedDeletions() == deletions + 1));
         fixture.connection.Close();
         disk.works();
         fixture.reopen();
         const QString now = fixture.rows(query);
-        const bool isSaved = now == text + u'|' + text + u"|19"_s;
+        const bool isSaved = now == text + u'|' + text;
         QVERIFY2(isSaved || (now == before && hasFailed), qPrintable(said + u'\n' + now.left(60)));
         QVERIFY2(said.isEmpty() ? isSaved : said.contains(u"disk"_s, Qt::CaseInsensitive), qPrintable(said));
-        QCOMPARE(RawSqlite(fixture.path()).first("PRAGMA integrity_check"), QByteArray("ok"));
         failures += !said.isEmpty();
     }
     QVERIFY2(failures > 20, qPrintable(QString::number(failures)));
@@ -56,17 +56,16 @@ void tst_Faults::transactionOrNothing()
 {
     FailingDisk disk;
     JetFixture fixture;
-    const QString large = u"INSERT INTO tab_note (content) VALUES ('"_s + QString(5'000'000, u'x') + u"')"_s;
+    const QString insert = u"INSERT INTO tab_note (content) VALUES ('%1')"_s, large(5'000'000, u'x');
     int takenBack = 0;
     for (int change = 1; change < 400; change += 20) {
         jet::Recordset notes = fixture.connection.OpenRecordset(u"SELECT * FROM tab_note WHERE 1=2"_s);
         {
             jet::Connection::Transaction all(fixture.connection);
             disk.failFrom(change, SQLITE_FULL);
-            QVERIFY(!errorOf([&] { fixture.connection.Execute(large); }).isEmpty());
+            QVERIFY(!errorOf([&] { fixture.connection.Execute(insert.arg(large)); }).isEmpty());
             disk.works();
-            const QString said =
-                errorOf([&] { fixture.connection.Execute(u"INSERT INTO tab_note (content) VALUES ('x')"_s); });
+            const QString said = errorOf([&] { fixture.connection.Execute(insert.arg(u'x')); });
             takenBack += said.contains(u"taken back"_s);
             errorOf([&] {
                 notes.AddNew({u"content"_s}, {u"y"_s});
@@ -74,7 +73,8 @@ void tst_Faults::transactionOrNothing()
             });
             QCOMPARE(errorOf([&] { all.commit(); }).isEmpty(), said.isEmpty());
         }
-        QCOMPARE(fixture.rows(u"SELECT COUNT(noteID) FROM tab_note WHERE content <> 'x' AND content <> 'y'"_s), u"0"_s);
+        const QString count = fixture.rows(u"SELECT COUNT(noteID) FROM tab_note WHERE content NOT IN ('x', 'y')"_s);
+        QCOMPARE(count, u"0"_s);
         if (takenBack)
             QCOMPARE(fixture.rows(u"SELECT COUNT(noteID) FROM tab_note"_s), u"0"_s);
     }
@@ -88,34 +88,18 @@ void tst_Faults::compactsOrNot()
     fixture.addMemos(60);
     fixture.connection.Execute(u"DELETE * FROM tab_memo WHERE memoID > 20"_s);
     fixture.connection.Close();
-    const QByteArray before = bytesOf(fixture.path());
-    for (int change = 1;; ++change) {
+    const QString folder = QFileInfo(fixture.path()).path();
+    const QStringList before = stateOf(folder);
+    QString said;
+    for (int change = 1; change == 1 || !said.isEmpty(); ++change) {
+        QCOMPARE(stateOf(folder), before);
         disk.failFrom(change, change % 2 ? SQLITE_FULL : SQLITE_IOERR_WRITE);
-        const QString said = errorOf([&] { jet::compactArchive(fixture.path(), fixture.path(u"temporary"_s)); });
+        said = errorOf([&] { jet::compactArchive(fixture.path(), fixture.path(u"temporary"_s)); });
         disk.works();
-        QCOMPARE(QDir(QFileInfo(fixture.path()).path()).entryList(QDir::Files | QDir::Hidden),
-                 QStringList{u"scratch.SVA"_s});
-        if (said.isEmpty())
-            break;
-        QVERIFY2(bytesOf(fixture.path()) == before, qPrintable(said));
     }
     fixture.reopen();
     QCOMPARE(fixture.rows(u"SELECT COUNT(memoID) FROM tab_memo"_s), u"20"_s);
-    QVERIFY(bytesOf(fixture.path()).size() < before.size());
-}
-
-// Cut off, a page of zeros, one wrong byte, a page of noise.
-static QByteArray damaged(QByteArray bytes, int round, std::mt19937& random)
-{
-    const qsizetype page = round % (bytes.size() / 4096) * 4096;
-    if (round % 4 == 0)
-        bytes.truncate(random() % bytes.size());
-    else if (round % 4 == 1)
-        bytes.replace(page, 4096, QByteArray(4096, '\0'));
-    else
-        for (int n = round % 4 == 2 ? 1 : 400; n; --n)
-            bytes[page + random() % 4096] = char(random());
-    return bytes;
+    QCOMPARE(stateOf(folder).size(), 1);
 }
 
 // Any damage ends in rows or in a description, and compacting it keeps the damaged file.
@@ -126,35 +110,37 @@ void tst_Faults::damagedFiles()
     fixture.connection.Close();
     const QByteArray sound = bytesOf(fixture.path());
     std::mt19937 random(5);
-    int described = 0;
-    for (int round = 0; round < 120; ++round) {
-        const QByteArray bytes = damaged(sound, round, random);
+    for (int round = 0; round < 120; ++round) { // cut off, a page of zeros, one wrong byte, a page of noise
+        QByteArray bytes = sound;
+        const qsizetype page = round % (bytes.size() / 4096) * 4096;
+        if (round % 4 == 0)
+            bytes.truncate(random() % bytes.size());
+        else if (round % 4 == 1)
+            bytes.replace(page, 4096, QByteArray(4096, '\0'));
+        else
+            for (int n = round % 4 == 2 ? 1 : 400; n; --n)
+                bytes[page + random() % 4096] = char(random());
         QTemporaryDir folder;
         const QString path = folder.filePath(u"x.SVA"_s);
-        writeBytes(path, bytes);
-        const auto check = [&](const QString& said) { described += said.size() > 10; };
-        check(errorOf([&] {
+        writeFile(path, bytes);
+        errorOf([&] {
             jet::Connection connection;
             connection.Open(connectionString(path));
-            for (jet::Recordset set =
-                     connection.OpenRecordset(u"SELECT * FROM tab_memo WHERE snipVale LIKE '%xy%' OR memoID > 0"_s);
-                 !set.eof(); set.moveNext())
+            const QString sql = u"SELECT * FROM tab_memo WHERE snipVale LIKE '%xy%' OR memoID > 0"_s;
+            for (jet::Recordset set = connection.OpenRecordset(sql); !set.eof(); set.moveNext())
                 set.text(u"snipVale"_s);
             connection.Execute(u"UPDATE tab_memo SET memoName = 'new' WHERE memoID < 60"_s);
             connection.Execute(u"DELETE * FROM tab_memo WHERE memoID IN (3, 100)"_s);
-        }));
-        const QByteArray before = bytesOf(path);
-        check(errorOf([&] {
+        });
+        errorOf([&] {
             const jet::CompactResult result = jet::compactArchive(path, folder.filePath(u"temporary"_s));
             QCOMPARE(QFile::exists(result.damagedCopy), result.wasDamaged);
             // A value may have been damaged unnoticed; it stays for the user to see.
             const QByteArray state = RawSqlite(path).first("PRAGMA quick_check");
             QVERIFY2(state == "ok" || state.startsWith("CHECK ") || state.startsWith("NULL value"), state.constData());
-        }));
-        QVERIFY(!QFile::exists(folder.filePath(u"temporary"_s)));
-        QVERIFY(QFile::exists(path));
+        });
+        QVERIFY(!QFile::exists(folder.filePath(u"temporary"_s)) && QFile::exists(path));
     }
-    QVERIFY(described > 20);
 }
 
 SNIPVALE_TEST(tst_Faults)

@@ -11,7 +11,6 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QMimeData>
-#include <QPushButton>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -28,31 +27,22 @@ private slots:
 
 void tst_QtDesktop::messageBoxes()
 {
-    struct Row {
-        MessageStyle style;
-        QMessageBox::Icon icon;
-        QMessageBox::StandardButton standard; // of a question
-    };
-    constexpr Row rows[] = {{MessageStyle::Plain, QMessageBox::NoIcon, QMessageBox::NoButton},
-                            {MessageStyle::Critical, QMessageBox::Critical, QMessageBox::NoButton},
-                            {MessageStyle::Exclamation, QMessageBox::Warning, QMessageBox::NoButton},
-                            {MessageStyle::Information, QMessageBox::Information, QMessageBox::NoButton},
-                            {MessageStyle::YesNo, QMessageBox::Question, QMessageBox::Yes},
-                            {MessageStyle::YesNoDefaultNo, QMessageBox::Question, QMessageBox::No}};
+    // And the default of a question.
+    constexpr std::pair<MessageStyle, QMessageBox::StandardButton> rows[] = {
+        {MessageStyle::Critical, QMessageBox::NoButton},
+        {MessageStyle::YesNo, QMessageBox::Yes},
+        {MessageStyle::YesNoDefaultNo, QMessageBox::No}};
     QtQuestions questions;
-    for (const Row& row : rows) {
-        whenModal([&](QWidget& window) {
+    for (const auto& [style, standard] : rows) {
+        whenModal([&, standard = standard](QWidget& window) {
             auto& box = dynamic_cast<QMessageBox&>(window);
             QCOMPARE(box.text(), u"<b>a</b>\nb & c\nd"_s);
             QCOMPARE(box.textFormat(), Qt::PlainText);
-            QCOMPARE(box.windowTitle(), u"Title "_s);
-            QCOMPARE(box.icon(), row.icon);
-            QCOMPARE(box.defaultButton() ? box.standardButton(box.defaultButton()) : QMessageBox::NoButton,
-                     row.standard);
+            QCOMPARE(box.defaultButton() ? box.standardButton(box.defaultButton()) : QMessageBox::NoButton, standard);
             QTest::keyClick(&box, Qt::Key_Escape);
         });
-        const Answer answer = questions.ask(u"<b>a</b>\r\nb & c\rd"_s, row.style, u"Title "_s);
-        QCOMPARE(answer, row.standard ? Answer::No : Answer::Ok); // Escape never says yes
+        const Answer answer = questions.ask(u"<b>a</b>\r\nb & c\rd"_s, style, u"Title "_s);
+        QCOMPARE(answer, standard ? Answer::No : Answer::Ok); // Escape never says yes
     }
 }
 
@@ -61,12 +51,6 @@ void tst_QtDesktop::fileDialogs()
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QtFileDialogs files;
     QTemporaryDir folder;
-    whenModal([](QWidget& window) {
-        QCOMPARE(window.windowTitle(), u"Open "_s);
-        QCOMPARE(dynamic_cast<QFileDialog&>(window).nameFilters(), QStringList({u"All Files (*.*) (*)"_s}));
-        window.close();
-    });
-    QVERIFY(!files.openFile(u"Open "_s, u"All Files (*.*) |*.*"_s));
     whenModal([&](QWidget& window) {
         auto& dialog = dynamic_cast<QFileDialog&>(window);
         dialog.setDirectory(folder.path());
@@ -75,6 +59,13 @@ void tst_QtDesktop::fileDialogs()
     });
     QCOMPARE(files.saveFile(u"Save"_s, u"SnipVale Archive (*.SVA) |*.SVA"_s, u"SVA"_s).value_or(QString()),
              folder.filePath(u"copy.SVA"_s));
+    whenModal([&](QWidget& window) {
+        const auto& dialog = dynamic_cast<QFileDialog&>(window);
+        QCOMPARE(dialog.nameFilters(), QStringList({u"All Files (*.*) (*)"_s}));
+        QCOMPARE(dialog.directory().path(), folder.path()); // where the last file was chosen
+        window.close();
+    });
+    QVERIFY(!files.openFile(u"Open "_s, u"All Files (*.*) |*.*"_s));
 }
 
 void tst_QtDesktop::instances()
@@ -108,12 +99,6 @@ void tst_QtDesktop::aSecretIsMarkedAndGoes()
     desktop.setText(u"copied later"_s);
     QTest::qWait(250);
     QCOMPARE(desktop.text(), u"copied later"_s);
-    QImage picture(1, 1, QImage::Format_RGB32);
-    picture.fill(Qt::red);
-    clipboard.copySecret(QString()); // has the text of a picture
-    desktop.setImage(picture);
-    clipboard.wipe();
-    QVERIFY(!desktop.image().isNull());
     std::make_unique<QtClipboard>()->copySecret(u"at the end"_s);
     QCOMPARE(desktop.text(), QString());
 }

@@ -11,51 +11,28 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Programs and devices of a desktop that is made up: players are scripts that write down what they were given.
-class FakeDesktop {
-public:
-    FakeDesktop()
+// Plays on a desktop that is made up: players are scripts that write down what they were given.
+struct FakeDesktop : QtSound {
+    FakeDesktop() : QtSound(home().filePath(u"pcm"_s))
     {
-        for (const char* folder : {"bin", "run/pulse"})
-            QDir().mkpath(path(QString::fromLatin1(folder)));
-        qputenv("PATH", path(u"bin"_s).toLocal8Bit());
-        qputenv("XDG_RUNTIME_DIR", path(u"run"_s).toLocal8Bit());
+        QDir(home().path()).removeRecursively();
+        QDir().mkpath(home().filePath(u"pulse"_s));
+        for (const char* folders : {"PATH", "XDG_RUNTIME_DIR"})
+            qputenv(folders, home().path().toLocal8Bit());
         qunsetenv("PULSE_SERVER");
     }
-    ~FakeDesktop()
+    static const QTemporaryDir& home()
     {
-        qputenv("PATH", m_path);
-        m_runtime.isNull() ? qunsetenv("XDG_RUNTIME_DIR") : qputenv("XDG_RUNTIME_DIR", m_runtime);
+        static const QTemporaryDir folder;
+        return folder;
     }
-    QString path(const QString& name) const { return m_folder.filePath(name); }
-    void write(const QString& name, const QByteArray& text)
-    {
-        QFile file(path(name));
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
-    }
+    void write(const QString& name, const QByteArray& text) { writeFile(home().filePath(name), text); }
     void player(const QString& name, const QByteArray& then)
     {
-        write(u"bin/"_s + name,
-              "#!/bin/sh\necho " + name.toLatin1() + " \"$@\" >>'" + path(u"log"_s).toLocal8Bit() + "'\n" + then +
-                  '\n');
-        QFile::setPermissions(path(u"bin/"_s + name), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        write(name, "#!/bin/sh\necho ${0##*/} \"$@\" >>'" + home().filePath(u"log"_s).toLocal8Bit() + "'\n" + then);
+        QFile::setPermissions(home().filePath(name), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
-    QString log() const
-    {
-        QFile file(path(u"log"_s));
-        return file.open(QIODevice::ReadOnly) ? QString::fromLocal8Bit(file.readAll()).trimmed().replace(u'\n', u'|')
-                                              : QString();
-    }
-
-private:
-    QByteArray m_path = qgetenv("PATH");
-    QByteArray m_runtime = qgetenv("XDG_RUNTIME_DIR");
-    QTemporaryDir m_folder;
-};
-
-class CountingSound : public QtSound {
-public:
-    using QtSound::QtSound;
+    QByteArray log() const { return bytesOf(home().filePath(u"log"_s)).trimmed().replace('\n', '|'); }
     void beep() override { ++beeps; }
     int beeps = 0;
 };
@@ -65,46 +42,31 @@ public:
 class tst_QtSound : public QObject {
     Q_OBJECT
 private slots:
-    void devices();
     void theFirstThatPlays();
     void oneAtATime();
 };
 
-void tst_QtSound::devices()
-{
-    FakeDesktop f;
-    CountingSound sound(f.path(u"pcm"_s));
-    QCOMPARE(sound.waveDevices(), 0);
-    f.write(u"pcm"_s, "00-00: A : A : playback 1 : capture 1\n00-02: M : M : capture 1\n01-03: H : H : playback 1\n");
-    QCOMPARE(sound.waveDevices(), 0); // devices that nothing here can play on
-    f.player(u"paplay"_s, "");
-    QCOMPARE(sound.waveDevices(), 0); // a player whose server does not run
-    f.player(u"aplay"_s, "");
-    QCOMPARE(sound.waveDevices(), 2);
-    f.write(u"pcm"_s, "");
-    f.write(u"run/pulse/native"_s, "");
-    QCOMPARE(sound.waveDevices(), 1);
-}
-
 void tst_QtSound::theFirstThatPlays()
 {
     FakeDesktop f;
-    CountingSound sound(f.path(u"pcm"_s));
-    f.write(u"pcm"_s, "00-00: A : A : playback 1\n");
-    f.write(u"run/pipewire-0"_s, "");
-    f.write(u"run/pulse/native"_s, "");
-    f.player(u"aplay"_s, "");
+    f.write(u"pcm"_s, "00-00: A : A : playback 1 : capture 1\n00-02: M : M : capture 1\n01-03: H : H : playback 1\n");
+    QCOMPARE(f.waveDevices(), 0); // devices that nothing here can play on
     f.player(u"paplay"_s, "kill -9 $$");
+    QCOMPARE(f.waveDevices(), 0); // a player whose server does not run
+    f.player(u"aplay"_s, "");
+    QCOMPARE(f.waveDevices(), 2);
     f.player(u"pw-play"_s, "exit 1");
-    sound.play(u"/a b/alert.wav"_s);
-    const QString all = u"pw-play /a b/alert.wav|paplay /a b/alert.wav|aplay /a b/alert.wav"_s;
+    f.write(u"pipewire-0"_s, "");
+    f.write(u"pulse/native"_s, "");
+    f.play(u"/a b/alert.wav"_s);
+    const QByteArray all = "pw-play /a b/alert.wav|paplay /a b/alert.wav|aplay /a b/alert.wav";
     QTRY_COMPARE(f.log(), all);
     QTest::qWait(100);
-    QCOMPARE(sound.beeps, 0);
+    QCOMPARE(f.beeps, 0);
     f.player(u"aplay"_s, "exit 1");
-    QFile::remove(f.path(u"log"_s));
-    sound.play(u"/a b/alert.wav"_s);
-    QTRY_COMPARE(sound.beeps, 1); // better than nothing
+    f.write(u"log"_s, "");
+    f.play(u"/a b/alert.wav"_s);
+    QTRY_COMPARE(f.beeps, 1); // better than nothing
     QCOMPARE(f.log(), all);
 }
 
@@ -114,13 +76,12 @@ void tst_QtSound::oneAtATime()
     FakeDesktop f;
     f.write(u"pcm"_s, "00-00: A : A : playback 1\n");
     f.player(u"aplay"_s, "exec /bin/sleep 0.3");
-    CountingSound sound(f.path(u"pcm"_s));
     for (int i = 0; i < 8; ++i)
-        sound.play(u"x"_s);
+        f.play(u"x"_s);
     QTest::qWait(500);
-    QCOMPARE(f.log(), u"aplay x"_s);
-    sound.play(u"y"_s);
-    QTRY_COMPARE(f.log(), u"aplay x|aplay y"_s);
+    QCOMPARE(f.log(), "aplay x");
+    f.play(u"y"_s);
+    QTRY_COMPARE(f.log(), "aplay x|aplay y");
 }
 
 SNIPVALE_TEST(tst_QtSound)
