@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "jet/RawSqlite.h"
+#include "jet/JetFixture.h"
 #include "support/EditorFixture.h"
 #include "support/Registry.h"
 
