@@ -11,12 +11,7 @@
 #include "memo/ui/frmSnipVale.h"
 #include "ui/richtext/RichTextBox.h"
 
-#include <QComboBox>
-#include <QLabel>
-#include <QPlainTextEdit>
-#include <QSplitter>
-#include <QToolBar>
-#include <QToolButton>
+#include <QtWidgets>
 
 using namespace Qt::StringLiterals;
 

@@ -8,13 +8,9 @@
 #include "memo/ui/MemoPrint.h"
 #include "memo/ui/frmSnipVale.h"
 
-#include <QImage>
 #include <QPrinter>
 #include <QProcess>
-#include <QProgressDialog>
-#include <QSpinBox>
-#include <QToolBar>
-#include <QToolButton>
+#include <QtWidgets>
 #include <csignal>
 #include <sys/resource.h>
 
@@ -153,24 +149,18 @@ void tst_MemoPrint::pagesAndCopies()
     QVERIFY(p.print({id}));
     const QString whole = p.text();
     const auto all = whole.count(u'\f');
-    QVERIFY(all >= 5);
     QCOMPARE(whole.count(u"int value;\n"_s), 400);
-    p.printing.onChoose = [](QPrinter& printer) {
+    int first = 2;
+    p.printing.onChoose = [&first](QPrinter& printer) {
         printer.setPrintRange(QPrinter::PageRange);
-        printer.setFromTo(2, 3);
+        printer.setFromTo(first, first + 1);
         printer.setPageOrder(QPrinter::LastPageFirst);
         printer.setCopyCount(2);
     };
     QVERIFY(p.print({id}));
-    QStringList places;
-    auto match = QRegularExpression(u"Page (\\d+) of %1"_s.arg(all)).globalMatch(p.text());
-    while (match.hasNext())
-        places.append(match.next().captured(1));
-    QCOMPARE(places.join(u' '), u"3 2 3 2"_s);
-    p.printing.onChoose = [](QPrinter& printer) {
-        printer.setPrintRange(QPrinter::PageRange);
-        printer.setFromTo(90, 91);
-    };
+    const QRegularExpression page(u"(?s).*?Page (\\d+) of %1\\s*"_s.arg(all));
+    QCOMPARE(p.text().replace(page, u"\\1 "_s), u"3 2 3 2 "_s);
+    first = 90;
     p.questions.expect(u"Error in PrintMemo: There are only %1 pages."_s.arg(all));
     QVERIFY(!p.print({id}));
 }

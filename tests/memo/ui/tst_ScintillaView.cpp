@@ -5,12 +5,8 @@
 #include "support/CoreSupport.h"
 #include "support/Registry.h"
 
-#include <QCheckBox>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRandomGenerator>
-#include <QSignalSpy>
 #include <QtTest>
+#include <QtWidgets>
 #include <bit>
 
 using namespace Qt::StringLiterals;
@@ -97,12 +93,10 @@ private slots:
     void text();
     void caretAndBookmarks();
     void edits();
-    void numberMargin();
     void foldingByMouse();
     void wildMessages();
     void languageLeavesNothing();
-    void readerReads();
-    void readerSelects();
+    void reader();
     void readerEdits();
     void findsOneAfterAnother();
     void findFlags();
@@ -132,6 +126,13 @@ void tst_ScintillaView::setUp()
     p.view.setText("a\r\nb\rc");
     p.code.Init();
     QCOMPARE(p.view.text(), "a\nb\nc"_ba);
+    p.view.setText(QByteArray(54, '\n'));
+    const auto width = [&p] { return p.get(Qsci::SCI_GETMARGINWIDTHN, 0); };
+    QTRY_COMPARE(width(), 39);
+    p.get(Qsci::SCI_SETZOOM, 20);
+    QTRY_VERIFY(width() > 39); // two digits of thirty points
+    p.code.SetDisplayLinenumbers(false);
+    QCOMPARE(width(), 0);
 }
 
 // A text comes back byte by byte, and nothing of the one before is left.
@@ -161,14 +162,12 @@ void tst_ScintillaView::caretAndBookmarks()
     QCOMPARE(p.get(Qsci::SCI_MARKERGET, 1), 1);
     p.code.setCurPosition(5); // behind the tab
     QVERIFY(p.code.Column() == 4 && p.code.CurLine() == 2 && p.code.CharAtPos(5) == 't');
-    QStringList places;
-    for (const std::intptr_t wild : {1000, -3}) {
-        p.code.setCurLine(wild);
-        places.append(QString::number(p.code.CurPosition()));
-        p.code.setCurPosition(wild);
-        places.append(QString::number(p.code.CurPosition()));
-    }
-    QCOMPARE(places.join(u' '), u"9 14 0 0"_s);
+    p.code.setCurLine(1000);
+    QCOMPARE(p.code.CurPosition(), 9);
+    p.code.setCurPosition(1000);
+    QCOMPARE(p.code.CurPosition(), 14);
+    p.code.setCurPosition(-3);
+    QCOMPARE(p.code.CurPosition(), 0);
 }
 
 void tst_ScintillaView::edits()
@@ -195,18 +194,6 @@ void tst_ScintillaView::edits()
     QCOMPARE(p.edited.size(), 1);
 }
 
-void tst_ScintillaView::numberMargin()
-{
-    Pane p(QByteArray(54, '\n'));
-    const auto width = [&p] { return p.get(Qsci::SCI_GETMARGINWIDTHN, 0); };
-    QTRY_COMPARE(width(), 39);
-    p.get(Qsci::SCI_SETZOOM, 20);
-    QTRY_VERIFY(width() > 39); // two digits of thirty points
-    p.code.SetDisplayLinenumbers(false);
-    p.get(Qsci::SCI_SETZOOM, 0);
-    QCOMPARE(width(), 0);
-}
-
 void tst_ScintillaView::foldingByMouse()
 {
     Pane p("int f()\n{\n    a();\n    b();\n}\nint needle;\n");
@@ -228,41 +215,33 @@ void tst_ScintillaView::foldingByMouse()
     QCOMPARE(p.view.send(SCI.GETFOLDLEVEL, 1), 0x400);
 }
 
-// Every message with values that would end the process, and random sequences: state left by one message must not make
-// the next one deadly. What is left is that the process lives and the text is readable.
+// Random sequences of messages with values that would end the process; and state left by one message must not make the
+// next one deadly. What is left is that the process lives and the text is readable.
 void tst_ScintillaView::wildMessages()
 {
     Pane p;
     const QByteArray text = "int f(x)\n{\n  żółć 日本\n}\n"_ba;
     using Limits = std::numeric_limits<std::intptr_t>;
-    const std::intptr_t values[] = {
-        0, 1, -1, -2, 5, 31, 32, 255, 256, 1000, 100000, -100000, 1LL << 31, 1LL << 40, Limits::max(), Limits::min()};
-    for (const EditorMessage& message : allMessages) {
-        p.view.setText(text);
-        for (const std::intptr_t w : values) {
-            for (const std::intptr_t l : values)
-                p.view.send(message, static_cast<std::uintptr_t>(w), l);
-            p.view.send(message, static_cast<std::uintptr_t>(w), QByteArray());
-            p.view.send(message, static_cast<std::uintptr_t>(w), text);
-        }
-        p.view.send(message, "fold"_ba, ""_ba);
-        p.view.grab();
-    }
+    const std::intptr_t wild[] = {-2,      255,       256,       1000,          100000,
+                                  -100000, 1LL << 31, 1LL << 40, Limits::max(), Limits::min()};
     QRandomGenerator random(17);
-    for (int round = 0; round < 30000; ++round) {
+    const auto value = [&] { return random.bounded(3) == 0 ? wild[random.bounded(10)] : random.bounded(-1, 40); };
+    for (int round = 0; round < 100000; ++round) {
         const EditorMessage& message = allMessages[random.bounded(quint32(allMessages.size()))];
-        const auto w = static_cast<std::uintptr_t>(random.bounded(-1, 40));
+        const auto w = static_cast<std::uintptr_t>(value());
         if (random.bounded(4) == 0)
-            p.view.send(message, w, "{ ż\n  x }\n"_ba.first(random.bounded(10)));
+            p.view.send(message, w, text.first(random.bounded(10)));
         else
-            p.view.send(message, w, random.bounded(-1, 40));
+            p.view.send(message, w, value());
         if (p.view.send(SCI.GETLENGTH) > 2000)
-            p.view.setText("short again\n");
+            p.view.setText(text);
         if (round % 100 < 2)
             p.get(Qsci::SCI_SETREADONLY, round % 2);
         if (round % 500 == 0)
             p.view.grab();
     }
+    for (const EditorMessage& message : allMessages)
+        p.view.send(message, "fold"_ba, ""_ba);
     p.view.setText(text);
     QCOMPARE(p.view.text(), text);
     QCOMPARE(p.view.send(SCI.GETCHARAT, 100), 0);
@@ -274,18 +253,17 @@ void tst_ScintillaView::languageLeavesNothing()
 {
     Pane p("int a;\n");
     ArchiveUnit(p.archive).Execute(
-        u"UPDATE tab_style SET fontName = 'DejaVu Sans', fontSize = 17, foreColor = 255, backColor = 65535, "
+        u"UPDATE tab_style SET fontName = 'Serif', fontSize = 17, foreColor = 255, backColor = 65535, "
         "bold = true, italic = true, underline = true, invisible = true, [case] = 1 WHERE lexerCode = 'SCLEX_CPP'"_s);
     const auto looks = [&p] {
-        QStringList all;
+        QList<long> all; // of a font's name its length
         for (unsigned long style = 0; style < 128; ++style) {
             for (unsigned message = Qsci::SCI_STYLEGETFORE; message <= Qsci::SCI_STYLEGETVISIBLE; ++message)
-                all.append(message == Qsci::SCI_STYLEGETFONT ? p.view.fontNameOf(int(style))
-                                                             : QString::number(p.get(message, style)));
+                all.append(p.get(message, style));
         }
         return all;
     };
-    const QStringList plain = looks();
+    const QList<long> plain = looks();
     p.code.SetLexer(SCLEX_CPP);
     QCOMPARE(p.get(Qsci::SCI_STYLEGETFORE, 5), 255);
     QCOMPARE(p.get(Qsci::SCI_STYLEGETSIZE, 5), 17);
@@ -298,7 +276,7 @@ void tst_ScintillaView::languageLeavesNothing()
     }
 }
 
-void tst_ScintillaView::readerReads()
+void tst_ScintillaView::reader()
 {
     Reader r;
     QCOMPARE(r.reader.role(), QAccessible::EditableText);
@@ -310,22 +288,11 @@ void tst_ScintillaView::readerReads()
         {0, -1, sample}, {8, 10, u"日本"_s}, {14, 16, u"\U0001F642"_s}, {-5, 3, u"Сни"_s}, {9, 8, {}}};
     for (const auto& [from, to, text] : parts)
         QCOMPARE(r.text.text(from, to), text);
-    int start = 0;
-    int end = 0;
-    QVERIFY(r.text.attributes(3, &start, &end).contains(u"font-family:\"Courier New\";"));
-    QVERIFY(start == 0 && end == sample.size());
     QVERIFY(QTest::qWaitForWindowExposed(&r.view));
     const QRect first = r.text.characterRect(11);
     const QRect next = r.text.characterRect(12);
     QVERIFY(first.height() > 5 && r.reader.rect().contains(first) && next.left() == first.right() + 1);
     QCOMPARE(r.text.offsetAtPoint(next.center() - QPoint(1, 0)), 12);
-    for (const int wild : {-1, 1 << 20})
-        QVERIFY(r.text.characterRect(wild).isValid());
-}
-
-void tst_ScintillaView::readerSelects()
-{
-    Reader r;
     // Inside a pair the caret goes before it.
     for (const auto& [asked, got] : {std::pair(10, 10), {15, 14}, {100000, int(sample.size())}, {-4, 0}}) {
         r.text.setCursorPosition(asked);
@@ -398,10 +365,6 @@ void tst_ScintillaView::findsOneAfterAnother()
     QCOMPARE(f.selection(), Range(0, 4));
     f.press("cmdClose");
     QVERIFY(!f.dialog.isVisible());
-    for (const auto& [text, result] : {std::pair(u"ŻAB"_s, 0), {u"nowhere"_s, -1}}) {
-        f.questions.expect(u"nresult: %1"_s.arg(result));
-        f.code.FindNext(text, 0);
-    }
 }
 
 void tst_ScintillaView::findFlags()
