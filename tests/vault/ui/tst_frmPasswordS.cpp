@@ -3,12 +3,15 @@
 #include "support/Registry.h"
 #include "vault/ui/VaultWindows.h"
 
+#include "vault/ui/frmPassword.h"
+#include "vault/ui/frmPasswordCategory.h"
 #include "vault/ui/frmPasswordS.h"
 
 #include <QtWidgets>
 #include <csignal>
 #include <sys/resource.h>
 
+// The list of accounts, what only the account editor does (the rest is in tst_Editors), and their categories.
 class tst_frmPasswordS : public QObject {
     Q_OBJECT
 private slots:
@@ -17,6 +20,9 @@ private slots:
     void editingAndDeleting();
     void exporting();
     void locking();
+    void newAccount();
+    void whatWasNotEditedStays();
+    void categories();
 };
 
 namespace {
@@ -52,6 +58,11 @@ struct List : VaultWindows {
         QStringList names = frame.enabledCommands.keys(true);
         names.sort();
         return names.join(u' ').remove(u"miPassword"_s);
+    }
+    void edit(qint32 id)
+    {
+        filter.EditingModePasswordID = id;
+        show(std::make_unique<frmPassword>(PasswordContext{archive, desktop, filter, password, 1}, nullptr));
     }
     frmPasswordS view{{archive, desktop, frame, filter, password, vault}};
     QTreeView& list = part<QTreeView>(view, "lvwPassword");
@@ -197,6 +208,115 @@ void tst_frmPasswordS::locking()
     l.view.setInFront(true);
     QCOMPARE(l.titles(), u"mail shop Bank"_s);
     QVERIFY(l.text(0, 2) != u"me"_s);
+}
+
+void tst_frmPasswordS::newAccount()
+{
+    List l;
+    l.edit(0);
+    auto& category = l.get<QComboBox>("cboCategory");
+    QCOMPARE(category.itemText(0) + category.currentText(), u"Not specifiedWork"_s); // the list's
+    l.box("txtTitle").setText(u"t"_s);
+    l.questions.expect(u"Please choose a UserName!"_s);
+    l.click("cmdOK");
+    l.box("txtUserName").setText(u"O'Brien"_s);
+    l.questions.expect(u"Please choose a password!"_s);
+    l.click("cmdOK");
+    auto& secret = l.box("txtPassword");
+    secret.setText(u"secret"_s);
+    QCOMPARE(secret.displayText(), u"******"_s);
+    l.click("cmdGenerate");
+    const QString made = secret.displayText(); // shown
+    QVERIFY(made.size() == 20 && made.contains(QRegularExpression(u"[0-9]"_s)));
+    l.click("cmdGenerate");
+    QVERIFY(secret.text() != made);
+    secret.undo();
+    QCOMPARE(secret.text(), made);
+    secret.setText(u"p"_s.repeated(1400)); // enciphered wider than its column
+    l.questions.expect(QString());
+    l.click("cmdOK");
+    QVERIFY(l.questions.asked.last().text.startsWith(u"Error in Save: "_s));
+    QCOMPARE(secret.text().size(), 1400);
+    secret.setText(u"   "_s);
+    category.setCurrentIndex(0);
+    l.box("txtURL").setText(u"https://x/#世界"_s);
+    l.click("cmdVisitURL");
+    QCOMPARE(l.shell.opened, QStringList({u"https://x/#世界"_s}));
+    QTest::keyClick(&secret, Qt::Key_Return); // OK is the default button
+    QVERIFY(!l.window->isVisible());
+    QCOMPARE(l.filter.EditingModePasswordID, 4);
+    QCOMPARE(l.vault.DecryptEntry(l.column("userName", 4)), u"O'Brien"_s);
+    QCOMPARE(l.vault.DecryptEntry(l.column("password", 4)), u"   "_s);
+    QCOMPARE(l.column("passwordCategoryID", 4), u"0"_s);
+}
+
+void tst_frmPasswordS::whatWasNotEditedStays()
+{
+    List l;
+    const QString odd = u"one\r\ntwo\u00A0\tthree\x01"_s;
+    l.add(odd, odd, odd);
+    l.execute(
+        u"UPDATE tab_password SET tab_password.notes = '%1', tab_password.dateIn = Null WHERE passwordID = 4"_s.arg(
+            odd));
+    const QString stored = l.column("password", 4);
+    l.edit(4);
+    l.get<QPlainTextEdit>("txtDescription").setPlainText(u"a\u00A0b\nc"_s);
+    l.click("cmdOK");
+    QCOMPARE(l.column("description", 4), u"a\u00A0b\nc"_s);
+    QCOMPARE(l.column("title", 4) + l.column("notes", 4), odd + odd);
+    QCOMPARE(l.column("password", 4), stored);
+    QCOMPARE(l.vault.DecryptEntry(l.column("userName", 4)), odd);
+}
+
+void tst_frmPasswordS::categories()
+{
+    List l;
+    frmPasswordCategory manager(l.archive, nullptr);
+    auto& list = part<QTreeWidget>(manager, "lvwCategory");
+    auto& name = part<QLineEdit>(manager, "txtName");
+    const auto press = [&](const char* action, const QString& message, Answer answer = Answer::Ok) {
+        l.questions.expect(message, answer);
+        part<QAction>(manager, action).trigger();
+    };
+    const auto names = [&] {
+        QString all;
+        for (int i = 0; i < list.topLevelItemCount(); ++i)
+            all += list.topLevelItem(i)->text(0) + u' ';
+        return all + (list.currentItem() ? list.currentItem()->text(0) : QString());
+    };
+    press("New", u"You must specify a name for the new category."_s);
+    press("Modify", u"You must select a category in the list to modify it."_s);
+    press("Delete", u"You must select a category in the list to delete it."_s);
+    name.setText(u"Work"_s);
+    press("New", u"A category named 'Work' already exists! Chose a different name."_s);
+    name.setText(u"work"_s); // letter case makes another name
+    part<QPlainTextEdit>(manager, "txtDescription").setPlainText(u"d'"_s);
+    const QString create = u"Are you sure you want to create the new category 'work' ? "_s;
+    press("New", create, Answer::No);
+    QCOMPARE(names(), u"Work Bank "_s);
+    press("New", create, Answer::Yes);
+    QCOMPARE(names(), u"Work Bank work work"_s);
+    QCOMPARE(l.value(u"SELECT description FROM tab_passwordCategory WHERE passwordCategoryID = 3"_s), u"d'"_s);
+    list.setCurrentItem(list.topLevelItem(1));
+    QCOMPARE(name.text(), u"Bank"_s);
+    name.clear();
+    press("Modify", u"You must specify new category name"_s);
+    name.setText(u"Work"_s); // two of one name could not be told apart
+    press("Modify", u"A category named 'Work' already exists! Chose a different name."_s);
+    name.setText(u"it's"_s);
+    press("Modify", u"Are you sure you want to modify category 'Bank' ? "_s, Answer::Yes);
+    QCOMPARE(names(), u"Work it's work it's"_s);
+    l.execute(u"DELETE * FROM tab_passwordCategory WHERE passwordCategoryID = 2"_s); // by another program
+    l.questions.expect(u"Are you sure you want to modify category 'it's' ? "_s, Answer::Yes);
+    press("Modify", u"Error in Toolbar1_ButtonClick: The category is no longer in the archive."_s);
+    list.setCurrentItem(list.topLevelItem(0));
+    const QString question = u"Are you sure you want delete category 'Work' ? \r\n(Passwords will NOT be deleted)"_s;
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        QCOMPARE(names(), u"Work it's work Work"_s);
+        press("Delete", question, answer);
+    }
+    QCOMPARE(names(), u"work "_s);
+    QCOMPARE(l.column("passwordCategoryID", 1) + l.column("passwordCategoryID", 3), u"02"_s);
 }
 
 SNIPVALE_TEST(tst_frmPasswordS)
