@@ -5,6 +5,7 @@
 #include "ui/print/PrintPages.h"
 
 #include <QByteArray>
+#include <QColor>
 #include <QFont>
 #include <QStringList>
 #include <functional>
