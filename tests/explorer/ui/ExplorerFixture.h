@@ -88,11 +88,14 @@ struct Explorer : UiFixture {
     {
         const char* const columns[] = {"memoTypeID, memoName", "url, name", "priority, name"};
         const char* const values[] = {"3", "'https://example.org/'", "2"};
+        ArchiveUnit unit(archive);
+        jet::Connection::Transaction transaction(unit.connection());
         for (const QString& name : names)
-            run(QStringLiteral("INSERT INTO %1 (categoryID, %2) VALUES (%3, %4, '%5')")
-                    .arg(wordsOf(kind).table, QLatin1String(columns[size_t(kind)]))
-                    .arg(categoryOf(kind))
-                    .arg(QLatin1String(values[size_t(kind)]), name));
+            unit.Execute(QStringLiteral("INSERT INTO %1 (categoryID, %2) VALUES (%3, %4, '%5')")
+                             .arg(wordsOf(kind).table, QLatin1String(columns[size_t(kind)]))
+                             .arg(categoryOf(kind))
+                             .arg(QLatin1String(values[size_t(kind)]), name));
+        transaction.commit();
     }
     // From here on the archive cannot be opened.
     void loseArchive() { archive.setPath(scratch.path(QStringLiteral("gone.SVA"))); }
