@@ -2,13 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QApplication>
-#include <QProcess>
-#include <QStandardPaths>
-#include <QTimer>
 #include <QtTest>
+#include <QtWidgets>
 #include <csignal>
-#include <functional>
 #include <sys/prctl.h>
 
 // A desktop of its own for a test that needs one, with Xvfb and openbox, and its pointer, moved by xdotool. Places are
@@ -22,12 +18,6 @@ inline void start(QProcess& process, const QString& program, const QStringList& 
 {
     process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
     process.start(program, arguments);
-}
-
-inline int failed(const QString& why)
-{
-    fprintf(stderr, "FAIL: %s\n", qPrintable(why));
-    return 1;
 }
 
 // Starts a server and a window manager, and points this process to them. The server picks a free number and tells it
@@ -56,19 +46,16 @@ int run(int argc, char** argv)
 {
     for (const QString& tool : {u"Xvfb"_s, u"openbox"_s, u"xdotool"_s, u"xprop"_s, u"trayer"_s})
         if (QStandardPaths::findExecutable(tool).isEmpty())
-            return failed(tool + u" is not installed; tools/install-packages test brings it."_s);
+            qFatal("%s is not installed; tools/install-packages test brings it.", qPrintable(tool));
     qputenv("QT_QPA_PLATFORM", "xcb");
     for (const char* other : {"WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "QT_QPA_PLATFORMTHEME"})
         qunsetenv(other);
     QProcess server, manager;
-    int result = 1;
-    if (startDesktop(server, manager)) {
-        QApplication application(argc, argv);
-        Test test;
-        result = QTest::qExec(&test, argc, argv);
-    } else {
-        failed(u"the desktop does not start: "_s + QString::fromLocal8Bit(server.readAllStandardError()));
-    }
+    if (!startDesktop(server, manager))
+        qFatal("the desktop does not start: %s", server.readAllStandardError().constData());
+    QApplication application(argc, argv);
+    Test test;
+    const int result = QTest::qExec(&test, argc, argv);
     for (QProcess* process : {&manager, &server}) {
         process->kill();
         process->waitForFinished();
