@@ -9,10 +9,7 @@
 #include "app/ui/frmMain.h"
 #include "desktop/PreviousInstance.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QTimer>
-#include <QWidget>
+#include <QtWidgets>
 
 class FakeInstance : public PreviousInstance {
 public:

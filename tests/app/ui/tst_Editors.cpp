@@ -134,8 +134,7 @@ void tst_Editors::saving()
     QCOMPARE(e.edited(), 0);
     e.archive.setPath(e.path);
     apply ? e.click("cmdApply") : e.applyByKey();
-    QVERIFY(e.window->isVisible() && e.window->isEnabled() && !e.window->isDirty());
-    QCOMPARE(e.edited(), 1);
+    QVERIFY(e.window->isVisible() && e.window->isEnabled() && !e.window->isDirty() && e.edited() == 1);
     e.type(u"x"_s);
     QVERIFY(!apply || apply->isEnabled());
     e.archive.setPath(e.gone);
@@ -173,7 +172,6 @@ void tst_Editors::closingAsks()
     QCOMPARE(e.questions.asked.last().style, MessageStyle::YesNoDefaultNo);
     e.questions.expect(question, Answer::No);
     QVERIFY(!e.window->close()); // the window's own close box
-    QVERIFY(e.window->isVisible());
     if (e.kind.cancelAsks)
         e.questions.expect(question, Answer::Yes);
     e.click("cmdClose"); // the others say what they do
@@ -189,11 +187,6 @@ void tst_Editors::reading()
     e.questions.expect(u"Error in Load: The %1 is no longer in the archive."_s.arg(e.kind.word));
     e.open(4711);
     QVERIFY(!e.loaded);
-    e.archive.setPath(e.gone);
-    e.questions.expect(QString());
-    e.open(1);
-    QVERIFY(!e.loaded);
-    e.archive.setPath(e.path);
     e.open(0);
     for (const QString& field : e.kind.texts.split(u' '))
         QTest::keyClicks(&e.get<QWidget>(qPrintable(field)), u"before"_s);
@@ -210,10 +203,6 @@ void tst_Editors::reading()
         QVERIFY(e.loaded);
         QVERIFY2(!e.shown().contains(u"before"_s) && !e.shown().contains(date), qPrintable(e.shown()));
     }
-    e.type(u"second"_s);
-    e.click("cmdOK");
-    e.open(3);
-    QVERIFY(e.loaded && e.shown().contains(u"second"_s) && !e.shown().contains(u"before"_s));
 }
 
 SNIPVALE_TEST(tst_Editors)

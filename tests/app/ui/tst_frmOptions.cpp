@@ -120,19 +120,14 @@ void tst_frmOptions::openingALanguage()
 {
     Options o;
     o.list().setCurrentIndex(o.perl());
-    for (const bool isByCommand : {true, false}) {
-        QString title;
-        whenModal([&](QWidget& window) {
-            title = window.windowTitle();
-            window.close();
-        });
-        isByCommand ? o.frame.handlers[u"miOptionsLanguage"_s]() : o.click("cmdLanguage");
-        QCOMPARE(title, u"Styles Setting Language: Perl"_s);
-    }
-    QVERIFY(o.window->isVisible() && o.frame.enabledCommands[u"miOptionsLanguage"_s]);
-    QContextMenuEvent menu(QContextMenuEvent::Keyboard, {}, {});
-    QApplication::sendEvent(o.list().viewport(), &menu);
-    QCOMPARE(o.frame.menus, QStringList({u"mnuOptions"_s}));
+    QString title;
+    whenModal([&](QWidget& window) {
+        title = window.windowTitle();
+        window.close();
+    });
+    o.click("cmdLanguage");
+    QCOMPARE(title, u"Styles Setting Language: Perl"_s);
+    QVERIFY(o.frame.enabledCommands[u"miOptionsLanguage"_s]);
     ArchiveUnit(o.archive).Execute(u"UPDATE tab_memoType SET enabled = '0' WHERE memoTypeID = 6"_s);
     o.open();
     QVERIFY(!o.perl().isValid());
