@@ -59,6 +59,7 @@ void tst_QtDesktop::fileDialogs()
     });
     QCOMPARE(files.saveFile(u"Save"_s, u"SnipVale Archive (*.SVA) |*.SVA"_s, u"SVA"_s).value_or(QString()),
              folder.filePath(u"copy.SVA"_s));
+    QFileDialog().setDirectory(QDir::rootPath()); // the toolkit remembers the one that was shown last
     whenModal([&](QWidget& window) {
         const auto& dialog = dynamic_cast<QFileDialog&>(window);
         QCOMPARE(dialog.nameFilters(), QStringList({u"All Files (*.*) (*)"_s}));
