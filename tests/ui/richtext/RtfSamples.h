@@ -41,7 +41,7 @@ inline QString describeBlock(const QTextBlock& block)
 {
     const QTextBlockFormat f = block.blockFormat();
     QString out =
-        QStringLiteral("align%1").arg(int((f.alignment() & ~Qt::Alignment(Qt::AlignAbsolute)).toInt()), 0, 16);
+        QStringLiteral("align%1").arg(QStyle::visualAlignment(f.layoutDirection(), f.alignment()).toInt() & 0xF);
     const std::pair<double, const char*> sizes[] = {{f.leftMargin(), "left"},        {f.textIndent(), "first"},
                                                     {f.rightMargin(), "right"},      {f.topMargin(), "before"},
                                                     {f.bottomMargin(), "after"},     {f.lineHeight(), "line"},
