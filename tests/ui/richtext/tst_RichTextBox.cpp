@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/Registry.h"
-#include "ui/richtext/ShownBox.h"
+#include "ui/richtext/RichTextSupport.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -13,7 +13,6 @@
 using namespace Qt::StringLiterals;
 using Command = RichTextCommand;
 using Act = std::function<void(Shown&)>;
-using Data = QMap<QString, QByteArray>;
 
 namespace {
 
@@ -57,8 +56,7 @@ private slots:
     void looks();
     void typing();
     void links();
-    void menu();
-    void readOnly();
+    void menuAndReadOnly();
     void clipboard();
 };
 
@@ -80,8 +78,7 @@ void tst_RichTextBox::keepsStoredText()
         s.box.setFont(QFont(u"DejaVu Sans"_s, 14));
         s.box.run(Command::Bold); // nothing selected: only for what is typed next
         QCoreApplication::processEvents();
-        QCOMPARE(s.box.rtf(), stored);
-        QCOMPARE(s.edits.count(), 0);
+        QVERIFY(s.box.rtf() == stored && s.edits.count() == 0);
         s.key(Qt::Key_X);
         QCOMPARE(s.edits.count(), 1);
         QTextDocument written;
@@ -101,19 +98,10 @@ void tst_RichTextBox::keepsStoredText()
 void tst_RichTextBox::guard()
 {
     const Act replace = [](Shown& s) { s.box.replaceText(u"new"_s); };
-    const Act acts[] = {key(Qt::Key_X),
-                        key(Qt::Key_Backspace, Qt::ControlModifier),
-                        key(Qt::Key_Return),
-                        run(Command::Paste),
-                        run(Command::Bold),
-                        run(Command::Cut),
-                        run(Command::PastePlain),
-                        run(Command::Center),
-                        run(Command::Bullets),
-                        run(Command::Indent),
-                        replace,
-                        inputText,
-                        dropText};
+    QList<Act> acts = {key(Qt::Key_X), key(Qt::Key_Backspace), key(Qt::Key_Return), replace, inputText, dropText};
+    for (const Command command : {Command::Paste, Command::Bold, Command::Cut, Command::PastePlain, Command::Center,
+                                  Command::Bullets, Command::Indent})
+        acts.append(run(command));
     for (const Act& act : acts) {
         QGuiApplication::clipboard()->setText(u"clip"_s);
         Shown s(withPicture);
@@ -121,26 +109,23 @@ void tst_RichTextBox::guard()
         const QString before = s.looks();
         act(s); // nobody to ask: safe
         QCOMPARE(s.looks(), before);
-        QStringList asked;
+        int asked = 0;
         bool answer = false;
         s.box.setConfirm([&](const QString& message) {
-            asked.append(message);
+            asked += int(message.contains(u"2 pictures and 1 table that"));
             return answer;
         });
         act(s);
-        QVERIFY2(asked.join(u'|').contains(u"2 pictures and 1 table that"_s), qPrintable(asked.join(u'|')));
-        QCOMPARE(s.looks(), before);
-        QCOMPARE(s.edits.count(), 0);
-        QCOMPARE(s.box.rtf(), withPicture);
+        QVERIFY(asked > 0 && s.looks() == before && s.edits.count() == 0 && s.box.rtf() == withPicture);
         answer = true;
         act(s);
         QVERIFY(s.looks() != before && s.edits.count() > 0 && s.box.rtf() != withPicture);
         act(s);
-        QCOMPARE(asked.size(), 2); // one Yes is enough
+        QCOMPARE(asked, 2); // one Yes is enough
         s.box.setRtf(withPicture);
         s.select(1, 2);
         act(s);
-        QCOMPARE(asked.size(), 3); // another text, another question
+        QCOMPARE(asked, 3); // another text, another question
     }
 }
 
@@ -149,15 +134,11 @@ void tst_RichTextBox::guardBehindTheDoors()
     Shown s(withPicture);
     bool answer = false;
     int asked = 0;
-    s.box.setConfirm([&](const QString&) {
-        ++asked;
-        return answer;
-    });
+    s.box.setConfirm([&](const QString&) { return ++asked > 0 && answer; });
     s.box.insertPlainText(u"zz"_s);
     QCOMPARE(s.box.rtf(), withPicture);
     QTRY_COMPARE(asked, 1);
-    QCOMPARE(s.box.toPlainText(), u"abc"_s);
-    QCOMPARE(s.edits.count(), 0);
+    QVERIFY(s.box.toPlainText() == u"abc" && s.edits.count() == 0);
     answer = true;
     s.box.insertPlainText(u"zz"_s);
     QTRY_COMPARE(s.edits.count(), 1);
@@ -256,7 +237,7 @@ void tst_RichTextBox::links()
     QCOMPARE(s.edits.count(), 0);
 }
 
-void tst_RichTextBox::menu()
+void tst_RichTextBox::menuAndReadOnly()
 {
     Shown s(note);
     QMenu* menu = s.box.menu();
@@ -277,50 +258,44 @@ void tst_RichTextBox::menu()
     QCOMPARE(enabled(), u"Cut Copy Select all"_s);
     s.box.run(Command::Cut);
     QCOMPARE(enabled(), u"Paste Undo Select all"_s);
-}
-
-void tst_RichTextBox::readOnly()
-{
-    Shown s(note);
     s.box.setReadOnly(true);
     s.select(0, 5);
     const QString before = s.looks();
+    const auto edits = s.edits.count();
     for (int command = 0; command <= static_cast<int>(Command::Indent); ++command)
         s.box.run(static_cast<Command>(command));
-    s.box.setPoints(40);
-    s.key(Qt::Key_B, Qt::ControlModifier);
     s.key(Qt::Key_X);
-    QCOMPARE(s.looks(), before);
-    QCOMPARE(s.edits.count(), 0);
+    QVERIFY(s.looks() == before && s.edits.count() == edits);
 }
 
 void tst_RichTextBox::clipboard()
 {
-    QList<std::pair<Data, QStringView>> rows = {
-        // part of the description
-        {{{u"text/rtf"_s, "{\\rtf1 \\i R}"}, {u"text/html"_s, "<b>H</b>"}, {u"text/plain"_s, "P"}},
-         u"x}{ 12 italic -/-|R}"},
-        {{{u"application/rtf"_s, "{\\rtf1 \\b R\\par S\\par}"}}, u" bold -/-|R}\n"},
-        {{{u"text/rtf"_s, "no"}, {u"text/html"_s, "<b>H</b>"}}, u" bold -/-|H}"},
+    struct Row {
+        QByteArray rtf, html, text;
+        QStringView part; // of the description
+    };
+    QList<Row> rows = {
+        {"{\\rtf1 \\i R\\par S\\par}", "<b>H</b>", "P", u"x}{ 12 italic -/-|R}\n"},
+        {"no", "<b>H</b>", {}, u" bold -/-|H}"},
         // The black on white of a web page.
-        {{{u"text/html"_s, "<p style='color:#000;background:#fff'><span style='background:#fff'>H</span></p>"}},
-         u" -/-|H}"},
-        {{{u"text/html"_s, "<table><tr><td>a<td>b<tr><td>c<td>d</table><img src=x>"}}, u"|a\tb}"},
-        {{{u"text/plain"_s, "P\r\nQ"}}, u"|xP}\n[align1 -]{ 0 -/-|Qy}"}};
+        {{}, "<p style='color:#000;background:#fff'><span style='background:#fff'>H</span></p>", {}, u" -/-|H}"},
+        {{}, "<table><tr><td>a<td>b<tr><td>c<td>d</table><img src=x>", {}, u"|a\tb}"},
+        {{}, {}, "P\r\nQ", u"|xP}\n[align1 -]{ 0 -/-|Qy}"}};
     // What the box itself copies.
     Shown own(u"{\\rtf1 a \\b bold\\b0  ż\\par{\\*\\pn\\pnlvlblt}item\\par}"_s);
     own.select(2, 13);
     own.box.run(Command::Copy);
     const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
-    rows.append({{{u"text/rtf"_s, copied->data(u"text/rtf"_s)}}, u" bold -/-|bold}{DejaVu Sans 12 -/-| ż}"});
-    rows.append({{{u"text/html"_s, copied->html().toUtf8()}}, u" bold -/-|bold}"});
-    rows.append({{{u"text/plain"_s, copied->text().toUtf8()}}, u"|xbold ż}\n[align1 -]{ 0 -/-|itemy}"});
-    for (const auto& [data, part] : rows) {
+    rows.append({copied->data(u"text/rtf"_s), {}, {}, u" bold -/-|bold}{DejaVu Sans 12 -/-| ż}"});
+    rows.append({{}, copied->html().toUtf8(), {}, u" bold -/-|bold}"});
+    rows.append({{}, {}, copied->text().toUtf8(), u"|xbold ż}\n[align1 -]{ 0 -/-|itemy}"});
+    for (const auto& [rtf, html, text, part] : rows) {
         Shown s(u"xy"_s);
         s.select(1, 1);
         auto* mime = new QMimeData;
-        for (auto it = data.cbegin(); it != data.cend(); ++it)
-            mime->setData(it.key(), it.value());
+        for (const auto& [type, data] : {std::pair("text/rtf", rtf), {"text/html", html}, {"text/plain", text}})
+            if (!data.isEmpty())
+                mime->setData(QString::fromLatin1(type), data);
         QGuiApplication::clipboard()->setMimeData(mime);
         s.key(Qt::Key_V, Qt::ControlModifier);
         QVERIFY2(s.looks().contains(part), qPrintable(s.looks()));

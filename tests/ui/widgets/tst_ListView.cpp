@@ -44,10 +44,8 @@ struct List {
     // "2 3 at 3": the selected ones and the one with the focus.
     QString state() const
     {
-        QStringList ids;
-        for (const qint32 id : view.selectedIds())
-            ids += QString::number(id);
-        return ids.join(u' ') + u" at "_s + view.keyOf(view.currentIndex().row()).section(u' ', 0, 0);
+        const QString current = view.keyOf(view.currentIndex().row()).section(u' ', 0, 0);
+        return view.selectedKeys().join(u' ').remove(u" ID"_s) + u" at "_s + current;
     }
     QPoint at(int row, int column) const { return view.visualRect(model.index(row, column)).center(); }
     QByteArray whatWasAsked() { return std::exchange(asked, {}).trimmed(); }
@@ -86,10 +84,8 @@ void tst_ListView::refills()
     };
     for (const Row& row : rows) {
         List l;
-        QStringList keys;
         for (const int id : row.selected)
-            keys += List::keyOf(id);
-        l.view.selectKeys(keys, keys.last());
+            l.view.selectKeys(l.view.selectedKeys() << List::keyOf(id), List::keyOf(id));
         l.view.verticalScrollBar()->setValue(45); // wherever the selection is
         const auto fill = [&] { l.fill(row.gone); };
         const QSignalSpy told(&l.view, &ListView::selectionMade);
@@ -116,10 +112,8 @@ void tst_ListView::keysAndPointer()
         QVERIFY(before.isAccepted());
         QTest::keyClick(&l.view, key);
     }
-    QCOMPARE(l.whatWasAsked(), "open open open new delete own");
     QTest::mouseDClick(l.view.viewport(), Qt::LeftButton, {}, l.at(2, 1));
     QTest::mouseDClick(l.view.viewport(), Qt::RightButton, {}, l.at(2, 1));
-    QCOMPARE(l.whatWasAsked(), "open");
     QCOMPARE(l.state(), u"3 at 3"_s);
     QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {}, {});
     QApplication::sendEvent(&l.view, &byKey);
@@ -129,7 +123,7 @@ void tst_ListView::keysAndPointer()
     const QPoint below(20, l.view.viewport()->height() - 5);
     QTest::mouseClick(l.view.viewport(), Qt::RightButton, {}, below);
     QTest::mouseDClick(l.view.viewport(), Qt::LeftButton, {}, below);
-    QCOMPARE(l.whatWasAsked(), "menu empty menu empty menu new");
+    QCOMPARE(l.whatWasAsked(), "open open open new delete own open menu empty menu empty menu new");
 }
 
 void tst_ListView::checkBoxesAndTyping()
