@@ -56,11 +56,9 @@ int run(int argc, char** argv)
     QApplication application(argc, argv);
     Test test;
     const int result = QTest::qExec(&test, argc, argv);
-    for (QProcess* process : {&manager, &server}) {
-        process->kill();
-        process->waitForFinished();
-    }
-    return result;
+    manager.kill();
+    server.kill();
+    return manager.waitForFinished() && server.waitForFinished() ? result : 1;
 }
 
 // Lets the pointer do something while this program goes on.

@@ -30,7 +30,6 @@ struct Reader : UiFixture {
     HelpPage& text() { return get<HelpPage>("txtPage"); }
     QTreeWidget& contents() { return get<QTreeWidget>("tvwContents"); }
     QString page() { return text().source().fileName(); }
-    QString chosen() { return contents().currentItem()->text(0); }
     frmHelp window{manual, desktop};
 };
 
@@ -91,18 +90,15 @@ void tst_frmHelp::reading()
         r.window.showPage(u"memos.html#find"_s);
         QVERIFY(r.text().verticalScrollBar()->value() > 0);
     }
-    QCOMPARE(r.chosen(), u"Find and replace"_s);
+    QCOMPARE(r.contents().currentItem()->text(0), u"Find and replace"_s);
     emit r.text().anchorClicked(QUrl(u"search.html"_s));
-    QCOMPARE(r.chosen(), u"Search"_s);
+    QCOMPARE(r.contents().currentItem()->text(0), u"Search"_s);
     r.get<QAction>("Back").trigger();
     QCOMPARE(r.page(), u"memos.html"_s);
     emit r.text().anchorClicked(QUrl(u"https://example.org/a?b=c"_s));
     QCOMPARE(r.shell.opened, QStringList({u"https://example.org/a?b=c"_s}));
     r.contents().setCurrentItem(r.contents().topLevelItem(1)->child(0));
     QCOMPARE(r.page(), u"archive.html"_s);
-    r.text().setFixedWidth(400);
-    r.window.showPage(u"first-steps.html"_s);
-    QCOMPARE(r.text().horizontalScrollBar()->maximum(), 0); // its pictures fit
     QTest::keyClick(&r.window, Qt::Key_Escape);
     QVERIFY(r.window.isHidden());
 }
@@ -118,8 +114,6 @@ void tst_frmHelp::searching()
     QCOMPARE(r.page() + r.text().textCursor().selectedText(), u"passwords.htmlclipboard"_s);
     box.setText(u"compacting"_s); // a title that has it comes before a text
     QCOMPARE(hit(), u"Compacting and repairing"_s);
-    box.setText(u"xyzzy"_s);
-    QCOMPARE(hit(), u"Nothing found"_s);
 
     r.window.showPage(u"keyboard.html"_s); // in the page
     r.get<QAction>("Find").trigger();

@@ -85,7 +85,6 @@ void tst_frmOptions::everythingIsWritten()
     o.click("chkRunAtStart");
     o.click("optStileNormale");
     o.click("cmdOK");
-    QVERIFY(!o.window->isVisible());
     QVERIFY(!QFile::exists(o.entry()) && o.ini().endsWith("xplook=0\n") && !o.program.XPLook);
 }
 
@@ -110,7 +109,6 @@ void tst_frmOptions::defaultArchive()
     for (const Answer answer : {Answer::No, Answer::Yes}) {
         o.questions.expect(QString(), answer);
         o.click("cmdOK");
-        QVERIFY(o.questions.asked.last().text.contains("129 characters"_L1));
         QCOMPARE(o.window->isVisible(), answer == Answer::No);
         QCOMPARE(o.ini().contains(path.toUtf8()), answer == Answer::Yes);
     }
