@@ -3,6 +3,7 @@
 #include "explorer/ui/ExplorerFixture.h"
 #include "support/Registry.h"
 
+#include <QAbstractItemModelTester>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -12,6 +13,7 @@ using namespace Qt::StringLiterals;
 class tst_frmSnipValeS : public QObject {
     Q_OBJECT
 private slots:
+    void tree();
     void sections();
     void newAndModifiedCategory();
     void deleteCategory();
@@ -64,7 +66,6 @@ void tst_frmSnipValeS::newAndModifiedCategory()
     });
     e.window.NewCategory();
     QCOMPARE(e.selected(), 4);
-    QCOMPARE(e.section(), u"lvwMemo"_s);
     QCOMPARE(e.value(u"SELECT parentID FROM tab_category WHERE name = 'it''s new' AND type = 0"_s), u"2"_s);
     e.click(1);
     for (const auto& [button, text] : {std::pair{u"cmdOK"_s, u"Zipped"_s}, {u"cmdClose"_s, u"not this"_s}}) {
@@ -148,6 +149,29 @@ void tst_frmSnipValeS::errorsLeaveTheWindowUsable()
     e.click(0); // the root is there
     QVERIFY(e.questions.asked[2].text.startsWith("Error in ShowSummary: "_L1));
     QVERIFY(e.questions.asked[3].text.startsWith("Error in LoadTodoTree: "_L1));
+}
+
+void tst_frmSnipValeS::tree()
+{
+    CategoryTreeModel model;
+    const QAbstractItemModelTester tester(&model);
+    const std::vector<CategoryRow> rows = {{{1, ElementKind::Memo, u"b"_s}, 0},
+                                           {{5, ElementKind::Memo, u"zz"_s}, 1},
+                                           {{6, ElementKind::Memo, u"Äa"_s}, 1},
+                                           {{2, ElementKind::Bookmark, u"A"_s}, 0},
+                                           {{3, ElementKind::ToDo, u"d"_s}, 0}};
+    model.setRows(rows);
+    QCOMPARE(model.childrenOf(0), std::vector<qint32>({2, 1, 3}));
+    QCOMPARE(model.childrenOf(1), std::vector<qint32>({6, 5}));
+    QCOMPARE(model.fullPath(model.indexOf(6)), u"Code Root\\b\\Äa"_s);
+    const QPersistentModelIndex d = model.indexOf(3);
+    QCOMPARE(model.add(0, {7, ElementKind::Memo, u"C"_s}).row(), 2);
+    QVERIFY(!model.add(0, {7, ElementKind::Memo, u"again"_s}).isValid());
+    QVERIFY(!model.add(99, {8, ElementKind::Memo, u"orphan"_s}).isValid());
+    model.rename(3, u"a'"_s);
+    QCOMPARE(d.row(), 1); // sorted again, and views follow the node
+    model.rename(0, u"x"_s); // the top is no row
+    QCOMPARE(model.rootIndex().data().toString(), u"Code Root"_s);
 }
 
 SNIPVALE_TEST(tst_frmSnipValeS)
