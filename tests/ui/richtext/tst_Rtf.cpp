@@ -56,8 +56,8 @@ const Sample texts[] = {
     {"{\\rtf1\\ansi\\uc1 a\\u322?b{\\uc2\\u26085\\'93\\'fa c}\\u-10179?\\u-8704? \\uc0\\u8364 d\\uc1\\u8211-e}",
      u"ałb日 c😀 €d–e"},
     {"{\\rtf1 \\u8226\\bullet x\\u8226{y}\\u8226\\b z}", u"•x•y•z"},
-    {"{\\rtf1 a\\~b\\-c\\_d\\emdash e\\lquote f\\rquote\\ldblquote g\\rdblquote\\bullet\\tab h\\line i\\{\\}\\\\}",
-     u"a\u00a0b\u00adc\u2011d\u2014e\u2018f\u2019\u201cg\u201d\u2022\th\ni{}\\"},
+    {"{\\rtf1 a\\~b\\-c\\_d\\emdash e\\rquote\\ldblquote g\\tab h\\line i\\{\\}\\\\}",
+     u"a\u00a0b\u00adc\u2011d\u2014e\u2019\u201cg\th\ni{}\\"},
     {"{\\rtf1\\par\\par a\\\nb\\\r\nc\\par\\par}", u"\n\na\nb\nc\n"},
     // What is not shown, and what is shown of it.
     {"{\\rtf1 a{\\pict\\bin5 {}}{\\x}b\\bin-5 c\\bin99999999 d}", u"abc"},

@@ -77,7 +77,6 @@ void tst_ListView::refills()
         {{52, 54}, {1, 53, 55}, false, u"52 54 at 54"_s},
         {{52, 54}, {52}, false, u"54 at 54"_s},
         {{54}, {54}, false, u" at 55"_s}, // its place gets the focus
-        {{52, 53, 54}, {52, 53, 54}, true, u"55 at 55"_s},
         {{2, 54}, {2, 54}, true, u"55 at 55"_s},
         {{97, 99, 100}, {97, 99, 100}, true, u"98 at 98"_s},
         {{1}, {1}, true, u"2 at 2"_s},
