@@ -17,7 +17,10 @@ using Act = std::function<void(Shown&)>;
 namespace {
 
 const QString note = u"{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0\\fs20 one \\b two\\b0 three\\par second\\par}"_s;
-const QString withPicture = u"{\\rtf1 a{\\pict 00}b\\trowd\\intbl c\\cell\\row{\\pict 00}}"_s;
+// Two pictures, the second written for old and new readers, one table of two rows, one object.
+const QString withPicture =
+    u"{\\rtf1 a{\\pict 00}b\\trowd\\intbl c\\cell\\row\\trowd\\intbl d\\cell\\row{\\*\\shppict{\\pict 00}}"
+    "{\\nonshppict{\\pict 01}}{\\*\\foo x}{\\object{\\*\\objdata 00}}}"_s;
 
 Act key(int k, Qt::KeyboardModifiers modifiers = {})
 {
@@ -68,7 +71,7 @@ void tst_RichTextBox::keepsStoredText()
         {u" {\\rtf1\\ansi\\ansicpg1251{\\*\\bar y}\\foo  é日😀\\'cf\\u322ły} tail \0"_s, u" é日😀Пły"_s},
         {u"just\r\n{text} ż"_s, u"just\n{text} ż"_s},
         {QString(), QString()},
-        {withPicture, u"abc"_s},
+        {withPicture, u"abc\nd"_s},
     };
     for (const auto& [stored, shown] : rows) {
         Shown s(stored);
@@ -111,7 +114,7 @@ void tst_RichTextBox::guard()
         int asked = 0;
         bool answer = false;
         s.box.setConfirm([&](const QString& message) {
-            asked += int(message.contains(u"2 pictures and 1 table that"));
+            asked += int(message.contains(u"2 pictures, 1 table and 1 embedded object that"));
             return answer;
         });
         act(s);
@@ -137,7 +140,7 @@ void tst_RichTextBox::guardBehindTheDoors()
     s.box.insertPlainText(u"zz"_s);
     QCOMPARE(s.box.rtf(), withPicture);
     QTRY_COMPARE(asked, 1);
-    QVERIFY(s.box.toPlainText() == u"abc" && s.edits.count() == 0);
+    QVERIFY(s.box.toPlainText() == u"abc\nd" && s.edits.count() == 0);
     answer = true;
     s.box.insertPlainText(u"zz"_s);
     QTRY_COMPARE(s.edits.count(), 1);
