@@ -33,8 +33,7 @@ std::optional<QString> ScriptedFiles::openFile(const QString& title, const QStri
 
 std::optional<QString> ScriptedFiles::saveFile(const QString& title, const QString& filter, const QString&)
 {
-    asked.append(title + u'|' + filter);
-    return next(answers, title);
+    return openFile(title, filter);
 }
 
 std::optional<std::uint32_t> ScriptedFiles::pickColor(std::uint32_t)

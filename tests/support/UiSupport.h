@@ -59,7 +59,6 @@ public:
     void handleCommand(const QString& name, const QString&, std::function<void()> handler) override
     {
         enabledCommands[name] = bool(handler);
-        handlers[name] = std::move(handler);
     }
     void enableCommand(const QString& name, bool enabled) override { enabledCommands[name] = enabled; }
     void checkCommand(const QString&, bool) override { }
@@ -69,7 +68,6 @@ public:
     void popupMenu(const QString& name, const QPoint&) override { menus.append(name); }
     bool showView(const QString&) override { return true; }
 
-    QHash<QString, std::function<void()>> handlers;
     QHash<QString, bool> enabledCommands;
     QStringList ran;
     QStringList menus;
