@@ -1,12 +1,98 @@
 // SPDX-FileCopyrightText: 2026 The SnipVale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "jet/FailingDisk.h"
 #include "jet/JetFixture.h"
 #include "support/Registry.h"
 
 #include "jet/Maintenance.h"
 
+#include <map>
 #include <random>
+
+namespace {
+
+// While it lives, every file that SQLite opens can be made to fail: from the n-th change on, each write, sync,
+// truncation and deletion does nothing (a write: half of it) and gives the result code.
+class FailingDisk {
+public:
+    FailingDisk()
+    {
+        s_real = sqlite3_vfs_find(nullptr);
+        m_vfs = *s_real;
+        m_vfs.zName = "failing";
+        m_vfs.xOpen = open;
+        m_vfs.xDelete = remove;
+        m_vfs.pNext = nullptr;
+        sqlite3_vfs_register(&m_vfs, 1);
+    }
+    ~FailingDisk()
+    {
+        sqlite3_vfs_unregister(&m_vfs);
+        sqlite3_vfs_register(s_real, 1);
+        works();
+    }
+    FailingDisk(const FailingDisk&) = delete;
+    FailingDisk& operator=(const FailingDisk&) = delete;
+
+    static void failFrom(int change, int code)
+    {
+        s_left = change;
+        s_code = code;
+    }
+    static void works() { s_code = SQLITE_OK; }
+    static bool hasFailed() { return s_code && s_left <= 0; }
+    // Of all files so far; a deletion is synced with its folder.
+    inline static int s_syncs = 0, s_syncedDeletions = 0;
+
+private:
+    // What SQLite's own files can do, with the changes replaced.
+    struct Methods {
+        sqlite3_io_methods patched;
+        const sqlite3_io_methods* real;
+    };
+    static const sqlite3_io_methods& real(const sqlite3_file* file)
+    {
+        return *reinterpret_cast<const Methods*>(file->pMethods)->real;
+    }
+    static bool fails() { return s_code && --s_left <= 0; }
+
+    static int open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* given)
+    {
+        static std::map<const sqlite3_io_methods*, Methods> known;
+        const int result = s_real->xOpen(s_real, name, file, flags, given);
+        if (file->pMethods) {
+            Methods& methods = known[file->pMethods];
+            methods = {*file->pMethods, file->pMethods};
+            methods.patched.iVersion = 1; // no shared memory, no mapping
+            methods.patched.xWrite = write;
+            methods.patched.xTruncate = [](sqlite3_file* f, sqlite3_int64 n) {
+                return fails() ? SQLITE_IOERR_TRUNCATE : real(f).xTruncate(f, n);
+            };
+            methods.patched.xSync = [](sqlite3_file* f, int flags) {
+                ++s_syncs;
+                return fails() ? SQLITE_IOERR_FSYNC : real(f).xSync(f, flags);
+            };
+            file->pMethods = &methods.patched;
+        }
+        return result;
+    }
+    static int write(sqlite3_file* file, const void* from, int n, sqlite3_int64 at)
+    {
+        const bool isBroken = fails();
+        const int result = real(file).xWrite(file, from, isBroken ? n / 2 : n, at);
+        return isBroken ? s_code : result;
+    }
+    static int remove(sqlite3_vfs*, const char* name, int sync)
+    {
+        s_syncedDeletions += sync != 0;
+        return fails() ? SQLITE_IOERR_DELETE : s_real->xDelete(s_real, name, sync);
+    }
+
+    sqlite3_vfs m_vfs{};
+    inline static sqlite3_vfs* s_real = nullptr;
+    inline static int s_left = 0, s_code = 0;
+};
+
+} // namespace
 
 // What a full or broken disk and a damaged file may cost: never more than the change that was going on.
 class tst_Faults : public QObject {
@@ -31,14 +117,14 @@ void tst_Faults::savesOrNot()
         fixture.reopen();
         const QString before = fixture.rows(query),
                       text = QString(3000, QChar(u'a' + round % 26)) + QString::number(round);
-        const int syncs = disk.syncs(), deletions = disk.syncedDeletions();
+        const int syncs = disk.s_syncs, deletions = disk.s_syncedDeletions;
         disk.failFrom(round / 2, round % 2 ? SQLITE_FULL : SQLITE_IOERR_WRITE);
         const QString said = errorOf([&] {
             fixture.connection.Execute(u"UPDATE tab_memo SET memoDescription = '"_s + text + u"' WHERE memoID < 20"_s);
         });
         hasFailed = disk.hasFailed();
         // A power cut takes nothing back: the journal, the file and at last the journal's deletion were synced.
-        QVERIFY(hasFailed || (disk.syncs() >= syncs + 2 && disk.syncedDeletions() == deletions + 1));
+        QVERIFY(hasFailed || (disk.s_syncs >= syncs + 2 && disk.s_syncedDeletions == deletions + 1));
         fixture.connection.Close();
         disk.works();
         fixture.reopen();
