@@ -61,13 +61,9 @@ void tst_Explorer::categoriesOfADamagedArchive()
     QVERIFY(f.statements.contains(u"SELECT * FROM tab_category WHERE parentID = 1  ORDER BY tab_category.name "_s));
     QCOMPARE(rows.hidden, qint64(4)); // self, both of the ring, the orphan
     QCOMPARE(rows.reached.size(), size_t(2 + 2 + 500)); // the archive's own two
-    QSet<qint32> seen{0};
-    for (const CategoryRow& row : rows.reached) {
-        QVERIFY(seen.contains(row.parentID));
-        seen.insert(row.node.id);
+    for (const CategoryRow& row : rows.reached)
         if (row.node.id >= 50)
             QCOMPARE(row.node.kind, row.node.id < 100 ? ElementKind::Memo : ElementKind::Bookmark);
-    }
 }
 
 void tst_Explorer::welcomePage()

@@ -4,7 +4,6 @@
 
 #include "support/UiSupport.h"
 
-#include "archive/Element.h"
 #include "archive/cCategory.h"
 #include "explorer/ui/CategoryTreeModel.h"
 #include "explorer/ui/DropHover.h"
@@ -137,9 +136,10 @@ struct DragExplorer : Explorer {
     QString filedIn(int categoryID, ElementKind kind = ElementKind::Memo)
     {
         QStringList ids;
-        const QString sql = QStringLiteral("SELECT %2 FROM %1 WHERE categoryID = %3 ORDER BY %2");
         ArchiveUnit unit(archive);
-        jet::Recordset rows = unit.Open(sql.arg(wordsOf(kind).table, wordsOf(kind).keyColumn).arg(categoryID));
+        jet::Recordset rows =
+            unit.Open(QStringLiteral("SELECT %2 FROM %1 WHERE categoryID = %3 ORDER BY %2")
+                          .arg(wordsOf(kind).table, wordsOf(kind).keyColumn, QString::number(categoryID)));
         for (; !rows.eof(); rows.moveNext())
             ids.append(rows.text(0));
         return ids.join(u' ');

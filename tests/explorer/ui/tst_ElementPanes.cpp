@@ -58,13 +58,11 @@ void tst_ElementPanes::opening()
         ListView& list = e.list(kind);
         e.click(kind);
         const QString box = kind == ElementKind::Memo ? u"txtMemoName"_s : u"txtName"_s;
-        QString opened;
         whenModal([&](QWidget& window) {
-            opened = window.findChild<QLineEdit*>(box)->text();
             window.close();
+            QCOMPARE(window.findChild<QLineEdit*>(box)->text(), u"c"_s);
         });
         QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, e.cellAt(list, 1, 2));
-        QCOMPARE(opened, u"c"_s);
         whenModal([&](QWidget& window) {
             window.findChild<QLineEdit*>(box)->setText(u"new"_s);
             window.findChild<QPushButton*>(u"cmdOK"_s)->click();
@@ -159,7 +157,6 @@ void tst_ElementPanes::toDosChange()
     const QRect cell = list.visualRect(list.model()->index(1, 0));
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, QPoint(cell.left() + 9, cell.center().y()));
     QCOMPARE(done(), u"-2"_s);
-    QCOMPARE(list.model()->index(1, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
     list.selectKey(u"3 T_ID"_s);
     for (const QString& expected : {u"-5"_s, u"-2"_s}) {
         QTest::keyClick(&list, Qt::Key_Space);
