@@ -76,9 +76,9 @@ void ListView::sortWith(SortDirection& direction)
     });
 }
 
-void ListView::addKey(QKeyCombination key, std::function<void()> routine)
+void ListView::addKey(QKeyCombination key, const std::function<void()>& routine)
 {
-    m_keys.insert(key.toCombined(), std::move(routine));
+    m_keys.insert(key.toCombined(), routine);
 }
 
 QString ListView::keyOf(int row) const

@@ -25,7 +25,7 @@ public:
     int nameColumn() const { return m_nameColumn; }
     void sortWith(SortDirection& direction); // by header clicks; it outlives the view
     // Beside the keys that every list has. All of them come before commands of the frame with the same key.
-    void addKey(QKeyCombination key, std::function<void()> routine);
+    void addKey(QKeyCombination key, const std::function<void()>& routine);
 
     QString keyOf(int row) const; // empty when there is no such row
     QModelIndex selectedRow() const; // the current one if it is selected, else the first selected; may be invalid
