@@ -70,7 +70,6 @@ void tst_ElementPanes::opening()
         QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, e.below(list)); // on empty space: a new one
         QCOMPARE(e.texts(list).join(u' '), u"b c a new"_s); // the archive's order
         QCOMPARE(list.selectedKeys(), QStringList({keyOf(kind, 4)})); // what was saved
-        QVERIFY(e.frame.status.endsWith(u" -  items: 4"_s));
     }
 }
 

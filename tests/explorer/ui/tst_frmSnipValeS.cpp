@@ -46,16 +46,18 @@ void tst_frmSnipValeS::sections()
     QCOMPARE(e.frame.ran, QStringList({u"miCategoryModify"_s}));
     QTest::mouseClick(e.tree().viewport(), Qt::RightButton, {}, e.nodeAt(0));
     QVERIFY(!e.enabled(u"miCategoryModify"_s) && e.enabled(u"miCategoryDelete"_s));
-    QCOMPARE(e.frame.menus, QStringList({u"mnuCategory"_s}));
 }
 
 void tst_frmSnipValeS::newAndModifiedCategory()
 {
     Explorer e;
     e.click(2);
+    e.questions.expect(u"Please choose a name!"_s);
     whenModal([](QWidget& window) {
         QVERIFY(window.findChild<QRadioButton*>(u"optType_1"_s)->isChecked()); // like its parent
         auto* name = window.findChild<QLineEdit*>(u"txtName"_s);
+        name->setText(u"  "_s);
+        QTest::keyClick(name, Qt::Key_Return);
         name->setText(u"it's new"_s);
         window.findChild<QRadioButton*>(u"optType_0"_s)->click();
         QTest::keyClick(name, Qt::Key_Return);
@@ -96,7 +98,6 @@ void tst_frmSnipValeS::deleteCategory()
     QVERIFY(e.statements.contains(u"DELETE * FROM tab_category WHERE tab_category.categoryID IN (7,9,12) "_s));
     QCOMPARE(e.value(u"SELECT COUNT(memoID) AS n FROM tab_memo"_s), u"0"_s);
     QVERIFY(!e.node(7).isValid());
-    QCOMPARE(e.selected(), 0);
 }
 
 void tst_frmSnipValeS::welcomePage()
@@ -119,7 +120,6 @@ void tst_frmSnipValeS::welcomePage()
     const QModelIndex group = due.model()->index(0, 0, due.model()->index(0, 0));
     QCOMPARE(group.data().toString(), u"Out of date (2)"_s);
     const QModelIndex toDo = due.model()->index(0, 0, group);
-    QCOMPARE(toDo.data().toString(), u"pay ("_s + QLocale().toString(QDate(2026, 3, 1), QLocale::LongFormat) + u')');
     due.setCurrentIndex(toDo);
     emit due.activated(toDo);
     QCOMPARE(e.list(ElementKind::ToDo).selectedKeys(), QStringList({u"1 T_ID"_s}));
@@ -163,8 +163,6 @@ void tst_frmSnipValeS::tree()
     QVERIFY(!model.add(99, {8, ElementKind::Memo, u"orphan"_s}).isValid());
     model.rename(3, u"a'"_s);
     QCOMPARE(d.row(), 1); // sorted again, and views follow the node
-    model.rename(0, u"x"_s); // the top is no row
-    QCOMPARE(model.rootIndex().data().toString(), u"Code Root"_s);
 }
 
 SNIPVALE_TEST(tst_frmSnipValeS)
