@@ -88,8 +88,7 @@ private slots:
     void braces();
     void setLexer();
     void defaultComesFirst();
-    void styles();
-    void keywords();
+    void stylesAndKeywords();
     void offsets();
     void anyCase();
 };
@@ -194,7 +193,7 @@ void tst_cScintilla::defaultComesFirst()
     QVERIFY(desk.editor.take().endsWith(plain)); // the default style is what remains
 }
 
-void tst_cScintilla::styles()
+void tst_cScintilla::stylesAndKeywords()
 {
     Desk desk;
     desk.style(u"XML"_s,
@@ -211,11 +210,7 @@ void tst_cScintilla::styles()
     QCOMPARE(desk.statements.last(),
              u"SELECT tab_memoType.memoTypeID, tab_memoType.name, tab_style.*  FROM tab_memoType INNER JOIN tab_style "
              u"ON tab_memoType.lexerCode = tab_style.lexerCode  WHERE tab_memoType.memoTypeID = 5 "_s);
-}
 
-void tst_cScintilla::keywords()
-{
-    Desk desk;
     QCOMPARE(keywordsOf(desk.archive, u"SCLEX_NONE"_s), QString());
     QVERIFY(!updateKeywords(desk.archive, u"SCLEX_NONE"_s, u"x"_s));
     const QString odd = u"it's 'ключ'\r\nfrom"_s;

@@ -73,14 +73,10 @@ using Range = std::pair<qsizetype, qsizetype>;
 // The editor and its search dialog.
 struct Finder : Pane {
     Finder() { dialog.show(); }
-    template <typename Widget = QLineEdit>
-    Widget& in(const char* name)
-    {
-        return *dialog.findChild<Widget*>(QString::fromLatin1(name));
-    }
-    void press(const char* button) { in<QPushButton>(button).click(); }
+    void press(const char* button) { dialog.findChild<QAbstractButton*>(QLatin1String(button))->click(); }
     Range selection() { return {view.send(SCI.GETSELECTIONSTART), view.send(SCI.GETSELECTIONEND)}; }
     frmScintillaFind dialog{code, questions};
+    QLineEdit& wanted = *dialog.findChild<QLineEdit*>(u"txtFind"_s);
     const QString endReached = u"Search reached end of document"_s;
 };
 
@@ -91,13 +87,11 @@ class tst_ScintillaView : public QObject {
 private slots:
     void setUp();
     void text();
-    void caretAndBookmarks();
     void edits();
     void foldingByMouse();
     void wildMessages();
     void languageLeavesNothing();
     void reader();
-    void readerEdits();
     void findsOneAfterAnother();
     void findFlags();
     void replaces();
@@ -152,11 +146,7 @@ void tst_ScintillaView::text()
         QVERIFY(p.view.text() == text);
         QVERIFY(p.code.CurPosition() == 0 && p.get(Qsci::SCI_MARKERGET, 0) == 0);
     }
-}
-
-void tst_ScintillaView::caretAndBookmarks()
-{
-    Pane p("one\n\ttwo\nthree");
+    p.view.setText("one\n\ttwo\nthree");
     p.code.setCurLine(2);
     p.code.AddBookmark();
     QCOMPARE(p.get(Qsci::SCI_MARKERGET, 1), 1);
@@ -308,11 +298,6 @@ void tst_ScintillaView::reader()
     QCOMPARE(worded(CodeEditorAccessible::caretEvents(r.view)), u"caret 20, selected 16 to 20"_s);
     r.text.removeSelection(0);
     QCOMPARE(r.text.selectionCount(), 0);
-}
-
-void tst_ScintillaView::readerEdits()
-{
-    Reader r;
     QStringList changes;
     connect(&r.view, &Qsci::SCN_MODIFIED, this, [&](int position, int type, const char* text, int length) {
         changes.append(worded(CodeEditorAccessible::changeEvents(r.view, position, QByteArray(text, length),
@@ -340,12 +325,12 @@ void tst_ScintillaView::findsOneAfterAnother()
     }
     f.view.setText("żab zab żab"); // ż is two bytes
     f.code.setCurPosition(7); // does not matter: a dialog's first search begins at the top
-    f.in("txtFind").setText(u"ab"_s);
+    f.wanted.setText(u"ab"_s);
     f.press("cmkFind");
     QCOMPARE(f.selection(), Range(2, 4));
-    QTest::keyClick(&f.in("txtFind"), Qt::Key_Return);
+    QTest::keyClick(&f.wanted, Qt::Key_Return);
     QCOMPARE(f.selection(), Range(6, 8));
-    f.in("txtFind").setText(u"ŻAB"_s); // letter case of any script
+    f.wanted.setText(u"ŻAB"_s); // letter case of any script
     f.press("cmkFind");
     QCOMPARE(f.selection(), Range(9, 13));
     f.questions.expect(f.endReached);
@@ -374,9 +359,11 @@ void tst_ScintillaView::findFlags()
     for (const auto& [matchCase, wholeWord, found] : rows) {
         Finder f;
         f.view.setText("Ifs if_ IF if");
-        f.in("txtFind").setText(u"if"_s);
-        f.in<QCheckBox>("chkMatchCase").setChecked(matchCase);
-        f.in<QCheckBox>("chkWholeWord").setChecked(wholeWord);
+        f.wanted.setText(u"if"_s);
+        if (matchCase)
+            f.press("chkMatchCase");
+        if (wholeWord)
+            f.press("chkWholeWord");
         f.press("cmkFind");
         QCOMPARE(f.selection(), found);
     }
@@ -393,8 +380,8 @@ void tst_ScintillaView::replaces()
     for (const auto& [text, find, replacement, result] : rows) {
         Finder f;
         f.view.setText(text.toUtf8());
-        f.in("txtFind").setText(find);
-        f.in("txtReplace").setText(replacement);
+        f.wanted.setText(find);
+        f.dialog.findChild<QLineEdit*>(u"txtReplace"_s)->setText(replacement);
         f.questions.expect(f.endReached);
         for (int presses = 0; f.questions.asked.isEmpty() && presses < 10; ++presses)
             f.press("cmdReplace");

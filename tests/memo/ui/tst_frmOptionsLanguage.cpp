@@ -39,7 +39,6 @@ struct Styles : UiFixture {
         return value(u"SELECT %1 FROM tab_style WHERE %2"_s.arg(QLatin1String(column), second));
     }
     ListView& list() { return in<ListView>(*window, "lvwLanguage"); }
-    QPlainTextEdit& words() { return in<QPlainTextEdit>(*window, "txtKeywords"); }
     void click(const char* button) { in<QAbstractButton>(*window, button).click(); }
     void details(std::function<void(QWidget&)> step) // the step closes it
     {
@@ -70,8 +69,7 @@ private slots:
     void savedStyle();
     void oddValuesSurvive();
     void colorBoxes();
-    void whatIsGone();
-    void keywords();
+    void keywordsAndWhatIsGone();
 };
 
 void tst_frmOptionsLanguage::savedStyle()
@@ -90,7 +88,6 @@ void tst_frmOptionsLanguage::savedStyle()
         in<QAbstractButton>(w, "optCase_2").click();
         in<QComboBox>(w, "cmbFontName").setEditText(u"O'Font"_s);
         auto& size = in<QComboBox>(w, "cmbFontSize");
-        size.setFocus();
         QVERIFY(QTest::qWaitForWindowActive(&w));
         QTest::keyClicks(&size, u"1"_s); // and not the 10 that begins so
         QTest::keyClick(&size, Qt::Key_Return);
@@ -158,9 +155,24 @@ void tst_frmOptionsLanguage::colorBoxes()
     QCOMPARE(s.stored("foreColor") + u' ' + s.stored("backColor"), u"255 1193046"_s);
 }
 
-void tst_frmOptionsLanguage::whatIsGone()
+void tst_frmOptionsLanguage::keywordsAndWhatIsGone()
 {
     Styles s;
+    const QString odd = u"it's \"odd\"\r\nend "_s;
+    updateKeywords(s.archive, u"SCLEX_CPP"_s, odd);
+    QVERIFY(s.window->Form_Load(3, u"C"_s));
+    s.click("cmdOK"); // not edited: not a character changes
+    QCOMPARE(keywordsOf(s.archive, u"SCLEX_CPP"_s), odd);
+    s.window->show();
+    in<QPlainTextEdit>(*s.window, "txtKeywords").appendPlainText(u"o'n"_s);
+    s.questions.expect(u"Close without saving changes?"_s, Answer::No);
+    s.click("cmdClose");
+    QVERIFY(s.window->isVisible());
+    s.click("cmdOK");
+    QVERIFY(!s.window->isVisible());
+    QCOMPARE(keywordsOf(s.archive, u"SCLEX_CPP"_s), u"it's \"odd\"\nend \no'n"_s);
+    s.window->show();
+    s.list().setCurrentIndex(s.list().model()->index(1, 0));
     s.questions.expect(u"Error in cmdOK: The style is no longer in the archive."_s);
     s.details([&](QWidget& w) {
         ArchiveUnit(s.archive).Execute(u"DELETE * FROM tab_style WHERE "_s + s.second);
@@ -176,25 +188,6 @@ void tst_frmOptionsLanguage::whatIsGone()
     s.archive.setPath(s.scratch.path(u"gone.SVA"_s));
     s.questions.expect(QString());
     QVERIFY(!s.window->MakelvwLanguageContents() && s.list().model()->rowCount() > 0);
-}
-
-void tst_frmOptionsLanguage::keywords()
-{
-    Styles s;
-    const QString odd = u"it's \"odd\"\r\nend "_s;
-    updateKeywords(s.archive, u"SCLEX_CPP"_s, odd);
-    QVERIFY(s.window->Form_Load(3, u"C"_s));
-    s.click("cmdOK"); // not edited: not a character changes
-    QCOMPARE(keywordsOf(s.archive, u"SCLEX_CPP"_s), odd);
-    s.window->show();
-    s.words().moveCursor(QTextCursor::End);
-    s.words().insertPlainText(u"o'n"_s);
-    s.questions.expect(u"Close without saving changes?"_s, Answer::No);
-    s.click("cmdClose");
-    QVERIFY(s.window->isVisible());
-    s.click("cmdOK");
-    QVERIFY(!s.window->isVisible());
-    QCOMPARE(keywordsOf(s.archive, u"SCLEX_CPP"_s), u"it's \"odd\"\nend o'n"_s);
 }
 
 SNIPVALE_TEST(tst_frmOptionsLanguage)
