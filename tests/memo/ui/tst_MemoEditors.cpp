@@ -115,20 +115,13 @@ void tst_MemoEditors::codeBar()
     Editor e;
     QTest::keyClicks(&e.code(), u"ab"_s);
     QTest::keyClick(&e.code(), Qt::Key_Tab);
-    const QByteArray text = "ab\t";
-    for (const auto& [key, result] : {std::pair("Clear", ""_ba),
-                                      {"Undo", text},
-                                      {"Redo", ""_ba},
-                                      {"Undo", text},
-                                      {"Copy", text},
-                                      {"Clear", ""_ba},
-                                      {"Paste", text},
-                                      {"Cut", ""_ba},
-                                      {"Paste", text}}) {
+    QByteArrayList texts;
+    for (const char* key : {"Clear", "Undo", "Redo", "Undo", "Copy", "Clear", "Paste", "Cut", "Paste"}) {
         e.press(key);
-        QCOMPARE(e.code().text(), result);
+        texts.append(e.code().text());
         e.code().send(SCI.SELECTALL);
     }
+    QCOMPARE(texts.join('|'), "|ab\t||ab\t|ab\t||ab\t||ab\t"_ba);
     for (const bool wraps : {true, false, true}) {
         QCOMPARE(e.code().send(SCI.GETWRAPMODE), wraps ? 1 : 0);
         QCOMPARE(e.action("WrapLine").isChecked(), wraps);
