@@ -4,7 +4,7 @@
 // A pattern and a text, separated by the first line feed, through the matcher and through its plain reference.
 
 #include "jet/LikePattern.h"
-#include "jet/LikeReference.h"
+#include "LikeReference.h"
 #include "jet/TextRules.h"
 #include "jet/Value.h"
 
