@@ -3,8 +3,8 @@
 
 // A pattern and a text, separated by the first line feed, through the matcher and through its plain reference.
 
-#include "jet/LikePattern.h"
 #include "LikeReference.h"
+#include "jet/LikePattern.h"
 #include "jet/TextRules.h"
 #include "jet/Value.h"
 

@@ -53,55 +53,52 @@ class tst_makearchive : public QObject {
     Q_OBJECT
 
 private slots:
-    void refuses();
-    void replaces();
-};
+    void refuses()
+    {
+        const QByteArray rows[][3] = {// a file, what is added at its end, and the complaint
+                                      {"languages.tsv", "77\t1\t1\tA\tcpp\tAlpha\n", "6 fields"},
+                                      {"languages.tsv", "77\t1\t1\tA\tcpp\t\tx\n", "empty"},
+                                      {"languages.tsv", "x7\t1\t1\tA\tcpp\tAlpha\tx\n", "'x7'"},
+                                      {"languages.tsv", "77\t2\t1\tA\tcpp\tAlpha\tx\n", "'2'"},
+                                      {"languages.tsv", "77\t1\t1\tA\tnone\tAlpha\tx\n", "'none'"},
+                                      {"languages.tsv", "3\t1\t1\tA\tcpp\tAlpha\tx\n", "twice"},
+                                      {"languages.tsv", "77\t1\t1\tSCLEX_CPP\tperl\tAlpha\tx\n", "another family"},
+                                      {"languages.tsv", "\xff\n", "UTF-8"},
+                                      {"styles.tsv", "cpp\t5\tagain\tkeyword\n", "twice"},
+                                      {"styles.tsv", "cpp\t33\tlines\tkeyword\n", "32 to 39"},
+                                      {"styles.tsv", "cpp\t120\tnew\tsparkling\n", "'sparkling'"},
+                                      {"styles.tsv", "idle\t1\tnew\tkeyword\n", "'idle'"},
+                                      {"palette.tsv", "new\t#12345\t#FFFFFF\t-\n", "'#12345'"},
+                                      {"palette.tsv", "new\t#123456\t#FFFFFF\tbold fat\n", "'fat'"},
+                                      {"palette.tsv", "new\t#123456\t#FFFFFF\t-\n", "'new'"},
+                                      {"keywords/SCLEX_LUA.txt", "while\n", "'while'"},
+                                      {"keywords/SCLEX_LUA.txt", "one", "not ended"},
+                                      {"keywords/SCLEX_NOBODY.txt", "one\n", "SCLEX_NOBODY.txt"},
+                                      {"schema.sql", "CREATE TABEL x\n;\n", "schema.sql:"},
+                                      {"schema.sql", "CREATE TABLE x (y LONG)\n", "no ';'"}};
+        for (const auto& [file, added, complaint] : rows) {
+            Workshop workshop;
+            writeFile(workshop.archive(), "was here before");
+            const QString spoilt = workshop.recipe(QString::fromLatin1(file));
+            writeFile(spoilt, bytesOf(spoilt) + added);
+            QCOMPARE(workshop.run(), 1);
+            QVERIFY2(workshop.complaint.contains(complaint), workshop.complaint.constData());
+            QVERIFY2(workshop.complaint.contains(file.mid(file.indexOf('/') + 1)), workshop.complaint.constData());
+            QCOMPARE(bytesOf(workshop.archive()), "was here before"_ba);
+            QCOMPARE(workshop.left(), QStringList{u"made.SVA"_s});
+        }
+    }
 
-void tst_makearchive::refuses()
-{
-    const QByteArray rows[][3] = {// a file, what is added at its end, and the complaint
-                                  {"languages.tsv", "77\t1\t1\tA\tcpp\tAlpha\n", "6 fields"},
-                                  {"languages.tsv", "77\t1\t1\tA\tcpp\t\tx\n", "empty"},
-                                  {"languages.tsv", "x7\t1\t1\tA\tcpp\tAlpha\tx\n", "'x7'"},
-                                  {"languages.tsv", "77\t2\t1\tA\tcpp\tAlpha\tx\n", "'2'"},
-                                  {"languages.tsv", "77\t1\t1\tA\tnone\tAlpha\tx\n", "'none'"},
-                                  {"languages.tsv", "3\t1\t1\tA\tcpp\tAlpha\tx\n", "twice"},
-                                  {"languages.tsv", "77\t1\t1\tSCLEX_CPP\tperl\tAlpha\tx\n", "another family"},
-                                  {"languages.tsv", "\xff\n", "UTF-8"},
-                                  {"styles.tsv", "cpp\t5\tagain\tkeyword\n", "twice"},
-                                  {"styles.tsv", "cpp\t33\tlines\tkeyword\n", "32 to 39"},
-                                  {"styles.tsv", "cpp\t120\tnew\tsparkling\n", "'sparkling'"},
-                                  {"styles.tsv", "idle\t1\tnew\tkeyword\n", "'idle'"},
-                                  {"palette.tsv", "new\t#12345\t#FFFFFF\t-\n", "'#12345'"},
-                                  {"palette.tsv", "new\t#123456\t#FFFFFF\tbold fat\n", "'fat'"},
-                                  {"palette.tsv", "new\t#123456\t#FFFFFF\t-\n", "'new'"},
-                                  {"keywords/SCLEX_LUA.txt", "while\n", "'while'"},
-                                  {"keywords/SCLEX_LUA.txt", "one", "not ended"},
-                                  {"keywords/SCLEX_NOBODY.txt", "one\n", "SCLEX_NOBODY.txt"},
-                                  {"schema.sql", "CREATE TABEL x\n;\n", "schema.sql:"},
-                                  {"schema.sql", "CREATE TABLE x (y LONG)\n", "no ';'"}};
-    for (const auto& [file, added, complaint] : rows) {
+    // A good recipe takes the place of what was there, always with the same bytes.
+    void replaces()
+    {
         Workshop workshop;
         writeFile(workshop.archive(), "was here before");
-        const QString spoilt = workshop.recipe(QString::fromLatin1(file));
-        writeFile(spoilt, bytesOf(spoilt) + added);
-        QCOMPARE(workshop.run(), 1);
-        QVERIFY2(workshop.complaint.contains(complaint), workshop.complaint.constData());
-        QVERIFY2(workshop.complaint.contains(file.mid(file.indexOf('/') + 1)), workshop.complaint.constData());
-        QCOMPARE(bytesOf(workshop.archive()), "was here before"_ba);
+        QVERIFY2(workshop.run() == 0, workshop.complaint.constData());
         QCOMPARE(workshop.left(), QStringList{u"made.SVA"_s});
+        QVERIFY(bytesOf(workshop.archive()) == bytesOf(QStringLiteral(SHIPPED_DIR "/snipvale.SVA")));
     }
-}
-
-// A good recipe takes the place of what was there, always with the same bytes.
-void tst_makearchive::replaces()
-{
-    Workshop workshop;
-    writeFile(workshop.archive(), "was here before");
-    QVERIFY2(workshop.run() == 0, workshop.complaint.constData());
-    QCOMPARE(workshop.left(), QStringList{u"made.SVA"_s});
-    QVERIFY(bytesOf(workshop.archive()) == bytesOf(QStringLiteral(SHIPPED_DIR "/snipvale.SVA")));
-}
+};
 
 SNIPVALE_TEST(tst_makearchive)
 #include "tst_makearchive.moc"

@@ -3,17 +3,6 @@
 #include "jet/JetFixture.h"
 #include "support/Registry.h"
 
-// The statements that the program issues, as they stand, and what must come of them.
-class tst_Dialect : public QObject {
-    Q_OBJECT
-
-private slots:
-    void reads();
-    void writes();
-    void refuses();
-    void definitions();
-};
-
 namespace {
 
 struct Filled : JetFixture {
@@ -90,97 +79,105 @@ const Case refused[] = {
 
 } // namespace
 
-void tst_Dialect::reads()
-{
-    Filled filled;
-    for (const Case& row : readable)
-        QCOMPARE(filled.rows(row.sql), row.expected);
-    const jet::Recordset set = filled.connection.OpenRecordset(
-        u"SELECT * FROM tab_category INNER JOIN tab_todo ON tab_category.categoryID = tab_todo.categoryID"_s);
-    QCOMPARE(set.text(u"TAB_category.NAME"_s) + set.text(u"tab_todo.name"_s), u"ToDotodo 1"_s);
-    QCOMPARE(set.integer(u"ToDoID"_s), 1);
-    QVERIFY(errorOf([&] { set.text(u"nosuch"_s); }).contains(u"nosuch"_s));
-}
+// The statements that the program issues, as they stand, and what must come of them.
+class tst_Dialect : public QObject {
+    Q_OBJECT
 
-void tst_Dialect::writes()
-{
-    const QString rows[][3] = {
-        // a change, a query and its rows
-        {u"UPDATE tab_ToDo SET tab_todo.categoryID = 2 , tab_todo.name = 'O''Hara \"x\" #1' , tab_todo.startDate = Null ,  tab_todo.dueDate = '2024-3-7' , tab_todo.alarmOn = 1 ,  tab_todo.alarmDate = '2024-3-7 9:5:0' ,  tab_ToDo.dateLastMod = '3/7/2024 9:05:00 PM'  WHERE (tab_ToDo.ToDoID = 5 ) "_s,
-         u"SELECT name, startDate, dueDate, alarmOn, alarmDate, dateLastMod FROM tab_todo WHERE todoID = 5"_s,
-         u"O'Hara \"x\" #1|Null|2024-03-07 00:00:00|-1|2024-03-07 09:05:00|2024-03-07 21:05:00"_s},
-        {u"UPDATE tab_style SET tab_style.bold = '1' , tab_style.case = '1' , tab_style.fontName = null WHERE (tab_style.styleID = 1 ) "_s,
-         u"SELECT bold, case, fontName FROM tab_style"_s, u"-1|1|Null"_s},
-        {u"UPDATE tab_memo SET tab_memo.categoryID = 2  WHERE tab_memo.memoID IN ( 1, 3) "_s,
-         u"SELECT memoID FROM tab_memo WHERE categoryID = 2"_s, u"1;3"_s},
-        {u"DELETE tab_todo.* FROM tab_todo WHERE done = true"_s, u"SELECT todoID FROM tab_todo"_s, u"2;4;5"_s},
-        {u"UPDATE tab_option SET tab_option.options = '(1);DROP TABLE tab_option--'  WHERE code ='MasterPwd' "_s,
-         u"SELECT options FROM tab_option"_s, u"(1);DROP TABLE tab_option--"_s},
-        {u"UPDATE tab_todo SET priority = todoID + 1, done = todoID - 4, name = 'n' & todoID, dueDate = dateIn WHERE todoID < 3"_s,
-         u"SELECT priority, done, name, dueDate FROM tab_todo WHERE todoID < 3"_s, u"2|-1|n1|Null;3|-1|n2|Null"_s},
-        {u"UPDATE tab_todo SET done = Null, priority = -1.5, dueDate = #12/31/2024 23:59:59# WHERE todoID = 1"_s,
-         u"SELECT done, priority, dueDate FROM tab_todo WHERE todoID = 1"_s, u"0|-2|2024-12-31 23:59:59"_s}};
-    for (const auto& [sql, query, expected] : rows) {
+private slots:
+    void reads()
+    {
         Filled filled;
-        filled.connection.Execute(sql);
-        QCOMPARE(filled.rows(query), expected);
+        for (const Case& row : readable)
+            QCOMPARE(filled.rows(row.sql), row.expected);
+        const jet::Recordset set = filled.connection.OpenRecordset(
+            u"SELECT * FROM tab_category INNER JOIN tab_todo ON tab_category.categoryID = tab_todo.categoryID"_s);
+        QCOMPARE(set.text(u"TAB_category.NAME"_s) + set.text(u"tab_todo.name"_s), u"ToDotodo 1"_s);
+        QCOMPARE(set.integer(u"ToDoID"_s), 1);
+        QVERIFY(errorOf([&] { set.text(u"nosuch"_s); }).contains(u"nosuch"_s));
     }
-}
 
-void tst_Dialect::refuses()
-{
-    Filled filled;
-    for (const Case& row : refused) {
-        const QString sql = row.sql;
-        const QString said = errorOf([&] {
-            if (sql.startsWith(u"SELECT"_s))
-                for (jet::Recordset set = filled.connection.OpenRecordset(sql); !set.eof();)
-                    set.moveNext();
-            else
-                filled.connection.Execute(sql);
-        });
-        QVERIFY2(said.contains(row.expected), qPrintable(sql + u": "_s + said));
+    void writes()
+    {
+        const QString rows[][3] = {
+            // a change, a query and its rows
+            {u"UPDATE tab_ToDo SET tab_todo.categoryID = 2 , tab_todo.name = 'O''Hara \"x\" #1' , tab_todo.startDate = Null ,  tab_todo.dueDate = '2024-3-7' , tab_todo.alarmOn = 1 ,  tab_todo.alarmDate = '2024-3-7 9:5:0' ,  tab_ToDo.dateLastMod = '3/7/2024 9:05:00 PM'  WHERE (tab_ToDo.ToDoID = 5 ) "_s,
+             u"SELECT name, startDate, dueDate, alarmOn, alarmDate, dateLastMod FROM tab_todo WHERE todoID = 5"_s,
+             u"O'Hara \"x\" #1|Null|2024-03-07 00:00:00|-1|2024-03-07 09:05:00|2024-03-07 21:05:00"_s},
+            {u"UPDATE tab_style SET tab_style.bold = '1' , tab_style.case = '1' , tab_style.fontName = null WHERE (tab_style.styleID = 1 ) "_s,
+             u"SELECT bold, case, fontName FROM tab_style"_s, u"-1|1|Null"_s},
+            {u"UPDATE tab_memo SET tab_memo.categoryID = 2  WHERE tab_memo.memoID IN ( 1, 3) "_s,
+             u"SELECT memoID FROM tab_memo WHERE categoryID = 2"_s, u"1;3"_s},
+            {u"DELETE tab_todo.* FROM tab_todo WHERE done = true"_s, u"SELECT todoID FROM tab_todo"_s, u"2;4;5"_s},
+            {u"UPDATE tab_option SET tab_option.options = '(1);DROP TABLE tab_option--'  WHERE code ='MasterPwd' "_s,
+             u"SELECT options FROM tab_option"_s, u"(1);DROP TABLE tab_option--"_s},
+            {u"UPDATE tab_todo SET priority = todoID + 1, done = todoID - 4, name = 'n' & todoID, dueDate = dateIn WHERE todoID < 3"_s,
+             u"SELECT priority, done, name, dueDate FROM tab_todo WHERE todoID < 3"_s, u"2|-1|n1|Null;3|-1|n2|Null"_s},
+            {u"UPDATE tab_todo SET done = Null, priority = -1.5, dueDate = #12/31/2024 23:59:59# WHERE todoID = 1"_s,
+             u"SELECT done, priority, dueDate FROM tab_todo WHERE todoID = 1"_s, u"0|-2|2024-12-31 23:59:59"_s}};
+        for (const auto& [sql, query, expected] : rows) {
+            Filled filled;
+            filled.connection.Execute(sql);
+            QCOMPARE(filled.rows(query), expected);
+        }
     }
-    const QString all =
-        u"SELECT COUNT(todoID), MIN(categoryID), MIN(name), MAX(priority), MIN(dueDate) FROM tab_todo"_s;
-    QCOMPARE(filled.rows(all), u"5|2|todo 1|Null|2024-03-05 09:05:00"_s);
-    QCOMPARE(filled.connection.tables().size(), 7);
-}
 
-void tst_Dialect::definitions()
-{
-    JetFixture fixture;
-    jet::Connection& c = fixture.connection;
-    // The relation has made an index on its column. The program's own one takes its place.
-    QCOMPARE(fixture.rows(u"SELECT name FROM sqlite_schema WHERE type = 'index' AND tbl_name = 'tab_todo'"_s),
-             u"tab_todo.categoryID_IDX"_s);
-    QVERIFY(fixture.rows(u"SELECT sql FROM sqlite_schema WHERE name = 'tab_category'"_s).contains(u"AUTOINCREMENT"_s));
-
-    c.Execute(
-        u"CREATE TABLE [odd name] (id LONG NOT NULL PRIMARY KEY, t TEXT(5) UNIQUE, b YESNO DEFAULT TRUE, w TEXT(9) DEFAULT 'it''s', n BYTE DEFAULT 7)"_s);
-    c.Execute(u"CREATE INDEX categoryID_IDX ON [ODD NAME] (n DESC, t)"_s); // a name of another table's index
-    c.Execute(u"INSERT INTO [odd name] (id, t) VALUES (1, 'abcde')"_s);
-    QCOMPARE(fixture.rows(u"SELECT b, w, n FROM [odd name]"_s), u"-1|it's|7"_s);
-    const std::pair<const char*, const char*> refusedHere[] = {
-        {"INSERT INTO [odd name] (id, t) VALUES (2, 'abcdef')", "too small"},
-        {"INSERT INTO [odd name] (id, t) VALUES (1, 'x')", "duplicate"},
-        {"INSERT INTO [odd name] (t) VALUES ('x')", "required"},
-        {"CREATE TABLE t2 (a LONG CONSTRAINT x REFERENCES tab_memo (memoID), b LONG CONSTRAINT x REFERENCES tab_memo "
-         "(memoID))",
-         ""}, // leaves nothing behind
-        {"CREATE TABLE t2 (a NOSUCH)", ""},
-        {"CREATE TABLE t2 (a TEXT(b))", ""},
-        {"CREATE INDEX i ON tab_memo (nosuch)", ""},
-        {"CREATE TABLE t2 (CONSTRAINT a b LONG)", ""}};
-    for (const auto& [bad, words] : refusedHere) {
-        const QString said = errorOf([&, sql = bad] { c.Execute(QString::fromUtf8(sql)); });
-        QVERIFY2(!said.isEmpty() && said.contains(QString::fromUtf8(words)), bad);
+    void refuses()
+    {
+        Filled filled;
+        for (const Case& row : refused) {
+            const QString sql = row.sql;
+            const QString said = errorOf([&] {
+                if (sql.startsWith(u"SELECT"_s))
+                    for (jet::Recordset set = filled.connection.OpenRecordset(sql); !set.eof();)
+                        set.moveNext();
+                else
+                    filled.connection.Execute(sql);
+            });
+            QVERIFY2(said.contains(row.expected), qPrintable(sql + u": "_s + said));
+        }
+        const QString all =
+            u"SELECT COUNT(todoID), MIN(categoryID), MIN(name), MAX(priority), MIN(dueDate) FROM tab_todo"_s;
+        QCOMPARE(filled.rows(all), u"5|2|todo 1|Null|2024-03-05 09:05:00"_s);
+        QCOMPARE(filled.connection.tables().size(), 7);
     }
-    QVERIFY(!c.tables().contains(u"t2"_s));
-    c.Execute(u"DROP INDEX categoryID_IDX ON [odd name]"_s);
-    c.Execute(u"DROP TABLE [odd name]"_s);
-    QVERIFY(!c.tables().contains(u"odd name"_s));
-}
+
+    void definitions()
+    {
+        JetFixture fixture;
+        jet::Connection& c = fixture.connection;
+        // The relation has made an index on its column. The program's own one takes its place.
+        QCOMPARE(fixture.rows(u"SELECT name FROM sqlite_schema WHERE type = 'index' AND tbl_name = 'tab_todo'"_s),
+                 u"tab_todo.categoryID_IDX"_s);
+        QVERIFY(
+            fixture.rows(u"SELECT sql FROM sqlite_schema WHERE name = 'tab_category'"_s).contains(u"AUTOINCREMENT"_s));
+
+        c.Execute(
+            u"CREATE TABLE [odd name] (id LONG NOT NULL PRIMARY KEY, t TEXT(5) UNIQUE, b YESNO DEFAULT TRUE, w TEXT(9) DEFAULT 'it''s', n BYTE DEFAULT 7)"_s);
+        c.Execute(u"CREATE INDEX categoryID_IDX ON [ODD NAME] (n DESC, t)"_s); // a name of another table's index
+        c.Execute(u"INSERT INTO [odd name] (id, t) VALUES (1, 'abcde')"_s);
+        QCOMPARE(fixture.rows(u"SELECT b, w, n FROM [odd name]"_s), u"-1|it's|7"_s);
+        const std::pair<const char*, const char*> refusedHere[] = {
+            {"INSERT INTO [odd name] (id, t) VALUES (2, 'abcdef')", "too small"},
+            {"INSERT INTO [odd name] (id, t) VALUES (1, 'x')", "duplicate"},
+            {"INSERT INTO [odd name] (t) VALUES ('x')", "required"},
+            {"CREATE TABLE t2 (a LONG CONSTRAINT x REFERENCES tab_memo (memoID), b LONG CONSTRAINT x REFERENCES "
+             "tab_memo "
+             "(memoID))",
+             ""}, // leaves nothing behind
+            {"CREATE TABLE t2 (a NOSUCH)", ""},
+            {"CREATE TABLE t2 (a TEXT(b))", ""},
+            {"CREATE INDEX i ON tab_memo (nosuch)", ""},
+            {"CREATE TABLE t2 (CONSTRAINT a b LONG)", ""}};
+        for (const auto& [bad, words] : refusedHere) {
+            const QString said = errorOf([&, sql = bad] { c.Execute(QString::fromUtf8(sql)); });
+            QVERIFY2(!said.isEmpty() && said.contains(QString::fromUtf8(words)), bad);
+        }
+        QVERIFY(!c.tables().contains(u"t2"_s));
+        c.Execute(u"DROP INDEX categoryID_IDX ON [odd name]"_s);
+        c.Execute(u"DROP TABLE [odd name]"_s);
+        QVERIFY(!c.tables().contains(u"odd name"_s));
+    }
+};
 
 SNIPVALE_TEST(tst_Dialect)
 #include "tst_Dialect.moc"

@@ -27,42 +27,39 @@ struct RealExplorer : DragExplorer {
 class tst_RealDrag : public QObject {
     Q_OBJECT
 private slots:
-    void memosAndCategoriesMove();
-    void escapeCancels();
+    // Three that are selected; then one that is not, whose press selects it; and a click afterwards is a click again.
+    void memosAndCategoriesMove()
+    {
+        RealExplorer e;
+        e.select(e.list(), 1, 3);
+        realdesktop::drag(e.memo(2), e.folder(10), [&] { QCOMPARE(e.hover().marked(), e.node(10)); });
+        QTRY_COMPARE(e.filedIn(10), u"2 3 4"_s);
+        QVERIFY(!e.hover().marked().isValid());
+        realdesktop::drag(e.memo(1), e.folder(11));
+        QTRY_COMPARE(e.filedIn(11), u"5"_s);
+        realdesktop::clickAt(e.folder(10));
+        QTRY_COMPARE(e.category.CategoryID, 10);
+        realdesktop::drag(e.folder(11), e.folder(30), [&] { QCOMPARE(e.category.CategoryID, 10); }); // no click
+        QTRY_COMPARE(e.parentOf(11), u"30"_s);
+        QTRY_COMPARE(e.selected(), 11);
+    }
+
+    // Over a collapsed node, which opens on the way.
+    void escapeCancels()
+    {
+        RealExplorer e;
+        e.tree().collapse(e.node(1));
+        realdesktop::drag(e.memo(0), e.folder(1), [&] {
+            QTRY_VERIFY(e.tree().isExpanded(e.node(1)));
+            realdesktop::xdotool(realdesktop::pointerTo(e.folder(10)));
+            realdesktop::xdotool(realdesktop::pointerTo(e.folder(10) + QPoint(1, 0)));
+            QTRY_COMPARE(e.hover().marked(), e.node(10));
+            realdesktop::xdotool({u"key"_s, u"Escape"_s});
+        });
+        QTRY_VERIFY(!e.hover().marked().isValid());
+        QCOMPARE(e.filedIn(1), u"1 2 3 4 5"_s);
+    }
 };
-
-// Three that are selected; then one that is not, whose press selects it; and a click afterwards is a click again.
-void tst_RealDrag::memosAndCategoriesMove()
-{
-    RealExplorer e;
-    e.select(e.list(), 1, 3);
-    realdesktop::drag(e.memo(2), e.folder(10), [&] { QCOMPARE(e.hover().marked(), e.node(10)); });
-    QTRY_COMPARE(e.filedIn(10), u"2 3 4"_s);
-    QVERIFY(!e.hover().marked().isValid());
-    realdesktop::drag(e.memo(1), e.folder(11));
-    QTRY_COMPARE(e.filedIn(11), u"5"_s);
-    realdesktop::clickAt(e.folder(10));
-    QTRY_COMPARE(e.category.CategoryID, 10);
-    realdesktop::drag(e.folder(11), e.folder(30), [&] { QCOMPARE(e.category.CategoryID, 10); }); // no click
-    QTRY_COMPARE(e.parentOf(11), u"30"_s);
-    QTRY_COMPARE(e.selected(), 11);
-}
-
-// Over a collapsed node, which opens on the way.
-void tst_RealDrag::escapeCancels()
-{
-    RealExplorer e;
-    e.tree().collapse(e.node(1));
-    realdesktop::drag(e.memo(0), e.folder(1), [&] {
-        QTRY_VERIFY(e.tree().isExpanded(e.node(1)));
-        realdesktop::xdotool(realdesktop::pointerTo(e.folder(10)));
-        realdesktop::xdotool(realdesktop::pointerTo(e.folder(10) + QPoint(1, 0)));
-        QTRY_COMPARE(e.hover().marked(), e.node(10));
-        realdesktop::xdotool({u"key"_s, u"Escape"_s});
-    });
-    QTRY_VERIFY(!e.hover().marked().isValid());
-    QCOMPARE(e.filedIn(1), u"1 2 3 4 5"_s);
-}
 
 int main(int argc, char** argv)
 {

@@ -59,68 +59,64 @@ struct RealProgram : ProgramFixture {
 class tst_RealTray : public QObject {
     Q_OBJECT
 private slots:
-    void withoutANotificationArea();
-    void closeBoxAndBack();
-    void popupsDoNotTakeTheKeyboard();
+    // Before any notification area runs: the window stays where it can be found. It is asked again each time.
+    void withoutANotificationArea()
+    {
+        RealProgram p;
+        p.clickTitleBar(closeBox);
+        QTRY_VERIFY(p.window->isMinimized() && !p.window->isHidden());
+        p.window->showNormal();
+        QVERIFY(QTest::qWaitForWindowActive(p.window.get()));
+        p.startTray(); // only now
+        p.clickTitleBar(closeBox);
+        QTRY_VERIFY(p.window->isHidden());
+        p.host.kill(); // a panel that ends takes the only way back with it
+        QTRY_VERIFY_WITH_TIMEOUT(p.window->isVisible() && p.window->isMinimized(), 8000);
+    }
+
+    // By the close box and the button that minimises, back by a second start and by the icon: what one leaves behind
+    // must not spoil the others.
+    void closeBoxAndBack()
+    {
+        RealProgram p;
+        p.startTray();
+        const QRect place = p.window->geometry();
+        p.clickTitleBar(closeBox);
+        QTRY_COMPARE(p.onDesktop(), 0);
+        p.previous.onBringToFront(); // a second start
+        QTRY_COMPARE(p.onDesktop(), 1);
+        QTRY_VERIFY(p.window->isActiveWindow());
+        QTest::qWait(200); // for the window manager's last word
+        QCOMPARE(p.window->geometry(), place);
+        p.clickTitleBar(minimizeBox);
+        QTRY_COMPARE(p.onDesktop(), 0);
+        realdesktop::clickAt(p.icon(), u"click --repeat 2 --delay 60 1"_s);
+        QTRY_COMPARE(p.onDesktop(), 1);
+        QTRY_VERIFY(p.window->isMaximized() && p.window->isActiveWindow());
+    }
+
+    // Somebody types while reminders arrive, and goes on typing. They lie above the window that is worked in.
+    void popupsDoNotTakeTheKeyboard()
+    {
+        RealProgram p;
+        p.addReminder();
+        p.run("Search");
+        auto& text = p.get<QLineEdit>("txtSearchText");
+        QTRY_VERIFY(text.hasFocus());
+        QProcess hands;
+        hands.start(u"xdotool"_s, {u"type"_s, u"--delay"_s, u"40"_s, u"one two three four five six seven"_s});
+        QTRY_VERIFY(text.text().size() > 8);
+        p.tick();
+        QTRY_COMPARE(p.onDesktop(u"SnipVale alarm"_s), 1);
+        QTRY_COMPARE(text.text(), u"one two three four five six seven"_s);
+        QVERIFY(p.window->isActiveWindow());
+        p.window->showMaximized();
+        QTRY_VERIFY(p.window->width() > 1200);
+        const QWidget* button = p.popup()->findChild<QPushButton*>(u"cmdOK"_s);
+        realdesktop::clickAt(button->mapToGlobal(button->rect().center()));
+        QTRY_COMPARE(p.onDesktop(u"SnipVale alarm"_s), 0);
+    }
 };
-
-// Before any notification area runs: the window stays where it can be found. It is asked again each time.
-void tst_RealTray::withoutANotificationArea()
-{
-    RealProgram p;
-    p.clickTitleBar(closeBox);
-    QTRY_VERIFY(p.window->isMinimized() && !p.window->isHidden());
-    p.window->showNormal();
-    QVERIFY(QTest::qWaitForWindowActive(p.window.get()));
-    p.startTray(); // only now
-    p.clickTitleBar(closeBox);
-    QTRY_VERIFY(p.window->isHidden());
-    p.host.kill(); // a panel that ends takes the only way back with it
-    QTRY_VERIFY_WITH_TIMEOUT(p.window->isVisible() && p.window->isMinimized(), 8000);
-}
-
-// By the close box and the button that minimises, back by a second start and by the icon: what one leaves behind must
-// not spoil the others.
-void tst_RealTray::closeBoxAndBack()
-{
-    RealProgram p;
-    p.startTray();
-    const QRect place = p.window->geometry();
-    p.clickTitleBar(closeBox);
-    QTRY_COMPARE(p.onDesktop(), 0);
-    p.previous.onBringToFront(); // a second start
-    QTRY_COMPARE(p.onDesktop(), 1);
-    QTRY_VERIFY(p.window->isActiveWindow());
-    QTest::qWait(200); // for the window manager's last word
-    QCOMPARE(p.window->geometry(), place);
-    p.clickTitleBar(minimizeBox);
-    QTRY_COMPARE(p.onDesktop(), 0);
-    realdesktop::clickAt(p.icon(), u"click --repeat 2 --delay 60 1"_s);
-    QTRY_COMPARE(p.onDesktop(), 1);
-    QTRY_VERIFY(p.window->isMaximized() && p.window->isActiveWindow());
-}
-
-// Somebody types while reminders arrive, and goes on typing. They lie above the window that is worked in.
-void tst_RealTray::popupsDoNotTakeTheKeyboard()
-{
-    RealProgram p;
-    p.addReminder();
-    p.run("Search");
-    auto& text = p.get<QLineEdit>("txtSearchText");
-    QTRY_VERIFY(text.hasFocus());
-    QProcess hands;
-    hands.start(u"xdotool"_s, {u"type"_s, u"--delay"_s, u"40"_s, u"one two three four five six seven"_s});
-    QTRY_VERIFY(text.text().size() > 8);
-    p.tick();
-    QTRY_COMPARE(p.onDesktop(u"SnipVale alarm"_s), 1);
-    QTRY_COMPARE(text.text(), u"one two three four five six seven"_s);
-    QVERIFY(p.window->isActiveWindow());
-    p.window->showMaximized();
-    QTRY_VERIFY(p.window->width() > 1200);
-    const QWidget* button = p.popup()->findChild<QPushButton*>(u"cmdOK"_s);
-    realdesktop::clickAt(button->mapToGlobal(button->rect().center()));
-    QTRY_COMPARE(p.onDesktop(u"SnipVale alarm"_s), 0);
-}
 
 int main(int argc, char** argv)
 {

@@ -106,104 +106,103 @@ class tst_Editors : public QObject {
     Q_OBJECT
 private slots:
     void saving_data() { kindRows(); }
-    void saving();
-    void closingAsks_data() { kindRows(); }
-    void closingAsks();
-    void reading_data() { kindRows(); }
-    void reading();
-};
 
-// A name is required; a new one is inserted once, then updated; what fails leaves the window with all that was typed.
-void tst_Editors::saving()
-{
-    Editor e;
-    e.open(0);
-    QVERIFY(e.loaded && !e.window->isDirty() && QTest::qWaitForWindowActive(e.window.get()));
-    const auto* apply = e.window->findChild<QPushButton*>(u"cmdApply"_s);
-    QVERIFY(bool(apply) == e.kind.hasApply && !(apply && apply->isEnabled()));
-    e.applyByKey(); // nothing to save, nothing asked
-    e.type(u" \t "_s);
-    const QString nameless = e.isAccount ? u"Please choose a title!"_s : u"Please choose a name!"_s;
-    e.okFails(nameless);
-    e.questions.expect(nameless);
-    e.applyByKey();
-    QCOMPARE(e.window->focusWidget(), &e.nameBox());
-    e.type(u"it's"_s);
-    e.archive.setPath(e.gone);
-    e.okFails(e.isToDo ? u"Error in ToDo.Save: "_s : u"Error in Save: "_s);
-    QCOMPARE(e.edited(), 0);
-    e.archive.setPath(e.path);
-    apply ? e.click("cmdApply") : e.applyByKey();
-    QVERIFY(e.window->isVisible() && e.window->isEnabled() && !e.window->isDirty() && e.edited() == 1);
-    e.type(u"x"_s);
-    QVERIFY(!apply || apply->isEnabled());
-    e.archive.setPath(e.gone);
-    const QString updateFailed = e.isToDo ? u"Error in Save: "_s : u"Error in Update: "_s;
-    e.okFails(updateFailed);
-    e.archive.setPath(e.path); // mended: the same window saves
-    e.applyByKey();
-    QVERIFY(!e.window->isDirty() && !(apply && apply->isEnabled()));
-    e.type(u"y"_s);
-    e.click("cmdOK");
-    QVERIFY(!e.window->isVisible());
-    const QString rows = u"SELECT COUNT(*) & ' ' & MAX(%1) AS n FROM %2"_s.arg(e.kind.nameColumn, e.kind.table);
-    QCOMPARE(e.value(rows).simplified(), u"1 it'sxy"_s);
-    QCOMPARE(e.listener.saved, e.isAccount ? QStringList() : QStringList(3, e.kind.savedKey)); // only what was written
-    e.open(1);
-    e.type(u"!"_s);
-    e.execute(u"DELETE * FROM "_s + e.kind.table);
-    e.okFails(updateFailed + u"The %1 is no longer in the archive."_s.arg(e.kind.word));
-}
-
-void tst_Editors::closingAsks()
-{
-    Editor e;
-    e.open(0);
-    QTest::keyClick(e.window.get(), Qt::Key_Escape); // nothing unsaved: no question
-    QVERIFY(!e.window->isVisible());
-    for (const QString& field : e.kind.texts.split(u' ')) {
+    // A name is required; a new one is inserted once, then updated; what fails leaves the window with all that was
+    // typed.
+    void saving()
+    {
+        Editor e;
         e.open(0);
-        QTest::keyClicks(&e.get<QWidget>(qPrintable(field)), u"1"_s);
-        QVERIFY2(e.window->isDirty(), qPrintable(field));
-    }
-    const QString question = u"Close without saving changes?"_s;
-    e.questions.expect(question, Answer::No);
-    QTest::keyClick(e.window.get(), Qt::Key_Escape);
-    QCOMPARE(e.questions.asked.last().style, MessageStyle::YesNoDefaultNo);
-    e.questions.expect(question, Answer::No);
-    QVERIFY(!e.window->close()); // the window's own close box
-    if (e.kind.cancelAsks)
-        e.questions.expect(question, Answer::Yes);
-    e.click("cmdClose"); // the others say what they do
-    QVERIFY(!e.window->isVisible());
-    QCOMPARE(e.value(u"SELECT COUNT(*) AS n FROM "_s + e.kind.table), u"0"_s);
-}
-
-// What cannot be read is refused. And of the element before nothing stays, neither its texts nor its dates: not for a
-// row that has nothing to say, and not for a new one.
-void tst_Editors::reading()
-{
-    Editor e;
-    e.questions.expect(u"Error in Load: The %1 is no longer in the archive."_s.arg(e.kind.word));
-    e.open(4711);
-    QVERIFY(!e.loaded);
-    e.open(0);
-    for (const QString& field : e.kind.texts.split(u' '))
-        QTest::keyClicks(&e.get<QWidget>(qPrintable(field)), u"before"_s);
-    e.click("cmdOK");
-    e.open(1);
-    const QString date = shortMoment(e.clock.now());
-    QVERIFY(e.shown().contains(u"before"_s) && e.shown().contains(date));
-    e.execute(
-        u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(e.kind.table, e.isAccount ? u"passwordCategoryID"_s : u"categoryID"_s)
-            .arg(e.listener.category));
-    for (const qint32 id : {2, 0}) {
+        QVERIFY(e.loaded && !e.window->isDirty() && QTest::qWaitForWindowActive(e.window.get()));
+        const auto* apply = e.window->findChild<QPushButton*>(u"cmdApply"_s);
+        QVERIFY(bool(apply) == e.kind.hasApply && !(apply && apply->isEnabled()));
+        e.applyByKey(); // nothing to save, nothing asked
+        e.type(u" \t "_s);
+        const QString nameless = e.isAccount ? u"Please choose a title!"_s : u"Please choose a name!"_s;
+        e.okFails(nameless);
+        e.questions.expect(nameless);
+        e.applyByKey();
+        QCOMPARE(e.window->focusWidget(), &e.nameBox());
+        e.type(u"it's"_s);
+        e.archive.setPath(e.gone);
+        e.okFails(e.isToDo ? u"Error in ToDo.Save: "_s : u"Error in Save: "_s);
+        QCOMPARE(e.edited(), 0);
+        e.archive.setPath(e.path);
+        apply ? e.click("cmdApply") : e.applyByKey();
+        QVERIFY(e.window->isVisible() && e.window->isEnabled() && !e.window->isDirty() && e.edited() == 1);
+        e.type(u"x"_s);
+        QVERIFY(!apply || apply->isEnabled());
+        e.archive.setPath(e.gone);
+        const QString updateFailed = e.isToDo ? u"Error in Save: "_s : u"Error in Update: "_s;
+        e.okFails(updateFailed);
+        e.archive.setPath(e.path); // mended: the same window saves
+        e.applyByKey();
+        QVERIFY(!e.window->isDirty() && !(apply && apply->isEnabled()));
+        e.type(u"y"_s);
+        e.click("cmdOK");
+        QVERIFY(!e.window->isVisible());
+        const QString rows = u"SELECT COUNT(*) & ' ' & MAX(%1) AS n FROM %2"_s.arg(e.kind.nameColumn, e.kind.table);
+        QCOMPARE(e.value(rows).simplified(), u"1 it'sxy"_s);
+        QCOMPARE(e.listener.saved,
+                 e.isAccount ? QStringList() : QStringList(3, e.kind.savedKey)); // only what was written
         e.open(1);
-        e.open(id);
-        QVERIFY(e.loaded);
-        QVERIFY2(!e.shown().contains(u"before"_s) && !e.shown().contains(date), qPrintable(e.shown()));
+        e.type(u"!"_s);
+        e.execute(u"DELETE * FROM "_s + e.kind.table);
+        e.okFails(updateFailed + u"The %1 is no longer in the archive."_s.arg(e.kind.word));
     }
-}
+    void closingAsks_data() { kindRows(); }
+
+    void closingAsks()
+    {
+        Editor e;
+        e.open(0);
+        QTest::keyClick(e.window.get(), Qt::Key_Escape); // nothing unsaved: no question
+        QVERIFY(!e.window->isVisible());
+        for (const QString& field : e.kind.texts.split(u' ')) {
+            e.open(0);
+            QTest::keyClicks(&e.get<QWidget>(qPrintable(field)), u"1"_s);
+            QVERIFY2(e.window->isDirty(), qPrintable(field));
+        }
+        const QString question = u"Close without saving changes?"_s;
+        e.questions.expect(question, Answer::No);
+        QTest::keyClick(e.window.get(), Qt::Key_Escape);
+        QCOMPARE(e.questions.asked.last().style, MessageStyle::YesNoDefaultNo);
+        e.questions.expect(question, Answer::No);
+        QVERIFY(!e.window->close()); // the window's own close box
+        if (e.kind.cancelAsks)
+            e.questions.expect(question, Answer::Yes);
+        e.click("cmdClose"); // the others say what they do
+        QVERIFY(!e.window->isVisible());
+        QCOMPARE(e.value(u"SELECT COUNT(*) AS n FROM "_s + e.kind.table), u"0"_s);
+    }
+    void reading_data() { kindRows(); }
+
+    // What cannot be read is refused. And of the element before nothing stays, neither its texts nor its dates: not for
+    // a row that has nothing to say, and not for a new one.
+    void reading()
+    {
+        Editor e;
+        e.questions.expect(u"Error in Load: The %1 is no longer in the archive."_s.arg(e.kind.word));
+        e.open(4711);
+        QVERIFY(!e.loaded);
+        e.open(0);
+        for (const QString& field : e.kind.texts.split(u' '))
+            QTest::keyClicks(&e.get<QWidget>(qPrintable(field)), u"before"_s);
+        e.click("cmdOK");
+        e.open(1);
+        const QString date = shortMoment(e.clock.now());
+        QVERIFY(e.shown().contains(u"before"_s) && e.shown().contains(date));
+        e.execute(u"INSERT INTO %1 (%2) VALUES (%3)"_s
+                      .arg(e.kind.table, e.isAccount ? u"passwordCategoryID"_s : u"categoryID"_s)
+                      .arg(e.listener.category));
+        for (const qint32 id : {2, 0}) {
+            e.open(1);
+            e.open(id);
+            QVERIFY(e.loaded);
+            QVERIFY2(!e.shown().contains(u"before"_s) && !e.shown().contains(date), qPrintable(e.shown()));
+        }
+    }
+};
 
 SNIPVALE_TEST(tst_Editors)
 #include "tst_Editors.moc"

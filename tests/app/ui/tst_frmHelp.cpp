@@ -38,126 +38,121 @@ struct Reader : UiFixture {
 class tst_frmHelp : public QObject {
     Q_OBJECT
 private slots:
-    void linksAndTopics();
-    void pageForWindow();
-    void reading();
-    void searching();
-    void readBehindAModalWindow();
-};
-
-void tst_frmHelp::linksAndTopics()
-{
-    static const QRegularExpression links(u"(?:href|src)=\"([^\":]+)\""_s);
-    QStringList targets;
-    for (const HelpTopic& topic : helpTopics())
-        targets.append(QStringView(topic.page).toString());
-    for (const QString& chapter : QDir(manual).entryList({u"*.html"_s}))
-        for (const auto& match : links.globalMatch(QString::fromUtf8(bytesOf(manual + u'/' + chapter))))
-            targets.append(match.captured(1));
-    for (const QString& target : targets) {
-        const QByteArray page = bytesOf(manual + u'/' + target.section(u'#', 0, 0));
-        const QByteArray anchor = "<a name=\"" + target.section(u'#', 1).toUtf8();
-        QVERIFY2(!page.isEmpty() && (!target.contains(u'#') || page.contains(anchor + "\">")), qPrintable(target));
+    void linksAndTopics()
+    {
+        static const QRegularExpression links(u"(?:href|src)=\"([^\":]+)\""_s);
+        QStringList targets;
+        for (const HelpTopic& topic : helpTopics())
+            targets.append(QStringView(topic.page).toString());
+        for (const QString& chapter : QDir(manual).entryList({u"*.html"_s}))
+            for (const auto& match : links.globalMatch(QString::fromUtf8(bytesOf(manual + u'/' + chapter))))
+                targets.append(match.captured(1));
+        for (const QString& target : targets) {
+            const QByteArray page = bytesOf(manual + u'/' + target.section(u'#', 0, 0));
+            const QByteArray anchor = "<a name=\"" + target.section(u'#', 1).toUtf8();
+            QVERIFY2(!page.isEmpty() && (!target.contains(u'#') || page.contains(anchor + "\">")), qPrintable(target));
+        }
     }
-}
 
-void tst_frmHelp::pageForWindow()
-{
-    QWidget frame;
-    QWidget explorer(&frame), list(&explorer), passwords(&frame);
-    QDialog editor(&frame);
-    QWidget box(&editor);
-    const std::pair<QWidget*, QString> names[] = {{&frame, u"frmMain"_s},      {&explorer, u"frmSnipValeS"_s},
-                                                  {&list, u"lvwMemo"_s},       {&passwords, u"frmPasswordS"_s},
-                                                  {&editor, u"frmBookmark"_s}, {&box, u"lvwLanguage"_s}};
-    for (const auto& [widget, name] : names)
-        widget->setObjectName(name);
-    passwords.hide();
-    QCOMPARE(helpPageFor(&list), u"memos.html#list"_s); // the nearest that has a page
-    QCOMPARE(helpPageFor(&frame), u"first-steps.html#window"_s);
-    QCOMPARE(helpPageFor(&box), u"bookmarks.html#editor"_s); // that name is of the options
-    explorer.hide();
-    passwords.show();
-    QCOMPARE(helpPageFor(&frame), u"passwords.html#list"_s);
-}
-
-void tst_frmHelp::reading()
-{
-    Reader r;
-    QCOMPARE(r.page(), u"index.html"_s);
-    for (int time = 0; time < 2; ++time) { // asked for again after reading elsewhere
-        r.text().verticalScrollBar()->setValue(0);
-        r.window.showPage(u"memos.html#find"_s);
-        QVERIFY(r.text().verticalScrollBar()->value() > 0);
+    void pageForWindow()
+    {
+        QWidget frame;
+        QWidget explorer(&frame), list(&explorer), passwords(&frame);
+        QDialog editor(&frame);
+        QWidget box(&editor);
+        const std::pair<QWidget*, QString> names[] = {{&frame, u"frmMain"_s},      {&explorer, u"frmSnipValeS"_s},
+                                                      {&list, u"lvwMemo"_s},       {&passwords, u"frmPasswordS"_s},
+                                                      {&editor, u"frmBookmark"_s}, {&box, u"lvwLanguage"_s}};
+        for (const auto& [widget, name] : names)
+            widget->setObjectName(name);
+        passwords.hide();
+        QCOMPARE(helpPageFor(&list), u"memos.html#list"_s); // the nearest that has a page
+        QCOMPARE(helpPageFor(&frame), u"first-steps.html#window"_s);
+        QCOMPARE(helpPageFor(&box), u"bookmarks.html#editor"_s); // that name is of the options
+        explorer.hide();
+        passwords.show();
+        QCOMPARE(helpPageFor(&frame), u"passwords.html#list"_s);
     }
-    QCOMPARE(r.contents().currentItem()->text(0), u"Find and replace"_s);
-    emit r.text().anchorClicked(QUrl(u"search.html"_s));
-    QCOMPARE(r.contents().currentItem()->text(0), u"Search"_s);
-    r.get<QAction>("Back").trigger();
-    QCOMPARE(r.page(), u"memos.html"_s);
-    emit r.text().anchorClicked(QUrl(u"https://example.org/a?b=c"_s));
-    QCOMPARE(r.shell.opened, QStringList({u"https://example.org/a?b=c"_s}));
-    r.contents().setCurrentItem(r.contents().topLevelItem(1)->child(0));
-    QCOMPARE(r.page(), u"archive.html"_s);
-    QTest::keyClick(&r.window, Qt::Key_Escape);
-    QVERIFY(r.window.isHidden());
-}
 
-void tst_frmHelp::searching()
-{
-    Reader r;
-    auto& box = r.get<QLineEdit>("txtSearch");
-    const auto hit = [&] { return r.contents().topLevelItem(0)->text(0); };
-    QTest::keyClicks(&box, u"CLIPBOARD 30"_s);
-    QCOMPARE(hit(), u"Using a password"_s);
-    QTest::keyClick(&box, Qt::Key_Return);
-    QCOMPARE(r.page() + r.text().textCursor().selectedText(), u"passwords.htmlclipboard"_s);
-    box.setText(u"compacting"_s); // a title that has it comes before a text
-    QCOMPARE(hit(), u"Compacting and repairing"_s);
+    void reading()
+    {
+        Reader r;
+        QCOMPARE(r.page(), u"index.html"_s);
+        for (int time = 0; time < 2; ++time) { // asked for again after reading elsewhere
+            r.text().verticalScrollBar()->setValue(0);
+            r.window.showPage(u"memos.html#find"_s);
+            QVERIFY(r.text().verticalScrollBar()->value() > 0);
+        }
+        QCOMPARE(r.contents().currentItem()->text(0), u"Find and replace"_s);
+        emit r.text().anchorClicked(QUrl(u"search.html"_s));
+        QCOMPARE(r.contents().currentItem()->text(0), u"Search"_s);
+        r.get<QAction>("Back").trigger();
+        QCOMPARE(r.page(), u"memos.html"_s);
+        emit r.text().anchorClicked(QUrl(u"https://example.org/a?b=c"_s));
+        QCOMPARE(r.shell.opened, QStringList({u"https://example.org/a?b=c"_s}));
+        r.contents().setCurrentItem(r.contents().topLevelItem(1)->child(0));
+        QCOMPARE(r.page(), u"archive.html"_s);
+        QTest::keyClick(&r.window, Qt::Key_Escape);
+        QVERIFY(r.window.isHidden());
+    }
 
-    r.window.showPage(u"keyboard.html"_s); // in the page
-    r.get<QAction>("Find").trigger();
-    auto& find = r.get<QLineEdit>("txtFind");
-    const auto place = [&] { return r.text().textCursor().selectionStart(); };
-    QTest::keyClicks(&find, u"sticky"_s);
-    const int first = place();
-    QTest::keyClick(&find, Qt::Key_Return);
-    QVERIFY(place() > first);
-    for (int i = 0; i < 2; ++i) // back, and round to the last one
-        QTest::keyClick(&find, Qt::Key_Return, Qt::ShiftModifier);
-    QVERIFY(place() > first && r.get<QLabel>("lblFound").text().isEmpty());
-    QTest::keyClicks(&find, u"xyzzy"_s);
-    QCOMPARE(r.get<QLabel>("lblFound").text(), u"Not found"_s);
-    QTest::keyClick(&find, Qt::Key_Escape); // the bar first
-    QVERIFY(r.window.isVisible() && !find.isVisible());
-}
+    void searching()
+    {
+        Reader r;
+        auto& box = r.get<QLineEdit>("txtSearch");
+        const auto hit = [&] { return r.contents().topLevelItem(0)->text(0); };
+        QTest::keyClicks(&box, u"CLIPBOARD 30"_s);
+        QCOMPARE(hit(), u"Using a password"_s);
+        QTest::keyClick(&box, Qt::Key_Return);
+        QCOMPARE(r.page() + r.text().textCursor().selectedText(), u"passwords.htmlclipboard"_s);
+        box.setText(u"compacting"_s); // a title that has it comes before a text
+        QCOMPARE(hit(), u"Compacting and repairing"_s);
 
-void tst_frmHelp::readBehindAModalWindow()
-{
-    Reader r;
-    const auto click = [&](int chapter) {
-        const QPoint at = r.contents().visualItemRect(r.contents().topLevelItem(chapter)).center();
-        QTest::mouseClick(r.window.windowHandle(), Qt::LeftButton, {}, r.contents().viewport()->mapTo(&r.window, at));
-        return r.page();
-    };
-    int asked = 0;
-    HelpKey key([&] { ++asked; }, nullptr);
-    QDialog editor;
-    whenModal([&](QWidget&) {
-        QDialog message(&editor);
-        whenModal([&](QWidget& box) {
-            QCOMPARE(click(1), u"archive.html"_s);
-            QTest::keyClick(new QLineEdit(&box), Qt::Key_F1);
-            QCOMPARE(asked, 1); // once, however many widgets it passes
-            box.close();
+        r.window.showPage(u"keyboard.html"_s); // in the page
+        r.get<QAction>("Find").trigger();
+        auto& find = r.get<QLineEdit>("txtFind");
+        const auto place = [&] { return r.text().textCursor().selectionStart(); };
+        QTest::keyClicks(&find, u"sticky"_s);
+        const int first = place();
+        QTest::keyClick(&find, Qt::Key_Return);
+        QVERIFY(place() > first);
+        for (int i = 0; i < 2; ++i) // back, and round to the last one
+            QTest::keyClick(&find, Qt::Key_Return, Qt::ShiftModifier);
+        QVERIFY(place() > first && r.get<QLabel>("lblFound").text().isEmpty());
+        QTest::keyClicks(&find, u"xyzzy"_s);
+        QCOMPARE(r.get<QLabel>("lblFound").text(), u"Not found"_s);
+        QTest::keyClick(&find, Qt::Key_Escape); // the bar first
+        QVERIFY(r.window.isVisible() && !find.isVisible());
+    }
+
+    void readBehindAModalWindow()
+    {
+        Reader r;
+        const auto click = [&](int chapter) {
+            const QPoint at = r.contents().visualItemRect(r.contents().topLevelItem(chapter)).center();
+            QTest::mouseClick(r.window.windowHandle(), Qt::LeftButton, {},
+                              r.contents().viewport()->mapTo(&r.window, at));
+            return r.page();
+        };
+        int asked = 0;
+        HelpKey key([&] { ++asked; }, nullptr);
+        QDialog editor;
+        whenModal([&](QWidget&) {
+            QDialog message(&editor);
+            whenModal([&](QWidget& box) {
+                QCOMPARE(click(1), u"archive.html"_s);
+                QTest::keyClick(new QLineEdit(&box), Qt::Key_F1);
+                QCOMPARE(asked, 1); // once, however many widgets it passes
+                box.close();
+            });
+            message.exec();
+            QCOMPARE(click(2), u"categories.html"_s); // the message is gone, the editor still waits
+            editor.close();
         });
-        message.exec();
-        QCOMPARE(click(2), u"categories.html"_s); // the message is gone, the editor still waits
-        editor.close();
-    });
-    editor.exec();
-    QCOMPARE(click(0), u"first-steps.html"_s); // it outlives them
-}
+        editor.exec();
+        QCOMPARE(click(0), u"first-steps.html"_s); // it outlives them
+    }
+};
 
 SNIPVALE_TEST(tst_frmHelp)
 #include "tst_frmHelp.moc"

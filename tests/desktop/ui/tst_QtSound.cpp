@@ -42,47 +42,45 @@ struct FakeDesktop : QtSound {
 class tst_QtSound : public QObject {
     Q_OBJECT
 private slots:
-    void theFirstThatPlays();
-    void oneAtATime();
+    void theFirstThatPlays()
+    {
+        FakeDesktop f;
+        f.write(u"pcm"_s,
+                "00-00: A : A : playback 1 : capture 1\n00-02: M : M : capture 1\n01-03: H : H : playback 1\n");
+        QCOMPARE(f.waveDevices(), 0); // devices that nothing here can play on
+        f.player(u"paplay"_s, "kill -9 $$");
+        QCOMPARE(f.waveDevices(), 0); // a player whose server does not run
+        f.player(u"aplay"_s, "");
+        QCOMPARE(f.waveDevices(), 2);
+        f.player(u"pw-play"_s, "exit 1");
+        f.write(u"pipewire-0"_s, "");
+        f.write(u"pulse/native"_s, "");
+        f.play(u"/a b/alert.wav"_s);
+        const QByteArray all = "pw-play /a b/alert.wav|paplay /a b/alert.wav|aplay /a b/alert.wav";
+        QTRY_COMPARE(f.log(), all);
+        QTest::qWait(100);
+        QCOMPARE(f.beeps, 0);
+        f.player(u"aplay"_s, "exit 1");
+        f.write(u"log"_s, "");
+        f.play(u"/a b/alert.wav"_s);
+        QTRY_COMPARE(f.beeps, 1); // better than nothing
+        QCOMPARE(f.log(), all);
+    }
+
+    // A burst of reminders is one signal; the next one sounds again.
+    void oneAtATime()
+    {
+        FakeDesktop f;
+        f.write(u"pcm"_s, "00-00: A : A : playback 1\n");
+        f.player(u"aplay"_s, "exec /bin/sleep 0.3");
+        for (int i = 0; i < 8; ++i)
+            f.play(u"x"_s);
+        QTest::qWait(500);
+        QCOMPARE(f.log(), "aplay x");
+        f.play(u"y"_s);
+        QTRY_COMPARE(f.log(), "aplay x|aplay y");
+    }
 };
-
-void tst_QtSound::theFirstThatPlays()
-{
-    FakeDesktop f;
-    f.write(u"pcm"_s, "00-00: A : A : playback 1 : capture 1\n00-02: M : M : capture 1\n01-03: H : H : playback 1\n");
-    QCOMPARE(f.waveDevices(), 0); // devices that nothing here can play on
-    f.player(u"paplay"_s, "kill -9 $$");
-    QCOMPARE(f.waveDevices(), 0); // a player whose server does not run
-    f.player(u"aplay"_s, "");
-    QCOMPARE(f.waveDevices(), 2);
-    f.player(u"pw-play"_s, "exit 1");
-    f.write(u"pipewire-0"_s, "");
-    f.write(u"pulse/native"_s, "");
-    f.play(u"/a b/alert.wav"_s);
-    const QByteArray all = "pw-play /a b/alert.wav|paplay /a b/alert.wav|aplay /a b/alert.wav";
-    QTRY_COMPARE(f.log(), all);
-    QTest::qWait(100);
-    QCOMPARE(f.beeps, 0);
-    f.player(u"aplay"_s, "exit 1");
-    f.write(u"log"_s, "");
-    f.play(u"/a b/alert.wav"_s);
-    QTRY_COMPARE(f.beeps, 1); // better than nothing
-    QCOMPARE(f.log(), all);
-}
-
-// A burst of reminders is one signal; the next one sounds again.
-void tst_QtSound::oneAtATime()
-{
-    FakeDesktop f;
-    f.write(u"pcm"_s, "00-00: A : A : playback 1\n");
-    f.player(u"aplay"_s, "exec /bin/sleep 0.3");
-    for (int i = 0; i < 8; ++i)
-        f.play(u"x"_s);
-    QTest::qWait(500);
-    QCOMPARE(f.log(), "aplay x");
-    f.play(u"y"_s);
-    QTRY_COMPARE(f.log(), "aplay x|aplay y");
-}
 
 SNIPVALE_TEST(tst_QtSound)
 #include "tst_QtSound.moc"

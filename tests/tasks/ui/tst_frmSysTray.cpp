@@ -51,135 +51,129 @@ struct Tray : QMainWindow {
 class tst_frmSysTray : public QObject {
     Q_OBJECT
 private slots:
-    void entriesFollowTheWindow();
-    void closingGoesToTheTray();
-    void clicksOnTheIcon();
-    void exitAndOpenDialogs();
-    void pictures();
-};
-
-void tst_frmSysTray::entriesFollowTheWindow()
-{
-    Tray f;
-    struct State {
-        void (QWidget::*show)();
-        bool canShowAbout;
-        QString enabled;
-    };
-    const State states[] = {
-        {&QWidget::showNormal, true, u"mAbout mMaximize mMinimize mExit"_s},
-        {&QWidget::showMaximized, true, u"mAbout mMinimize mExit"_s},
-        {&QWidget::showMinimized, false, u"mMaximize mExit"_s},
-        {&QWidget::hide, true, u"mAbout mMaximize mExit"_s},
-    };
-    f.isThere = false; // so that minimised is not hidden
-    for (const State& state : states) {
-        (f.*state.show)();
-        f.canShowAbout = state.canShowAbout;
-        emit f.icon().contextMenu()->aboutToShow();
-        QStringList names;
-        for (const QAction* action : f.icon().contextMenu()->actions())
-            if (action->isEnabled() && !action->isSeparator())
-                names.append(action->objectName());
-        QCOMPARE(names.join(u' '), state.enabled);
+    void entriesFollowTheWindow()
+    {
+        Tray f;
+        struct State {
+            void (QWidget::*show)();
+            bool canShowAbout;
+            QString enabled;
+        };
+        const State states[] = {
+            {&QWidget::showNormal, true, u"mAbout mMaximize mMinimize mExit"_s},
+            {&QWidget::showMaximized, true, u"mAbout mMinimize mExit"_s},
+            {&QWidget::showMinimized, false, u"mMaximize mExit"_s},
+            {&QWidget::hide, true, u"mAbout mMaximize mExit"_s},
+        };
+        f.isThere = false; // so that minimised is not hidden
+        for (const State& state : states) {
+            (f.*state.show)();
+            f.canShowAbout = state.canShowAbout;
+            emit f.icon().contextMenu()->aboutToShow();
+            QStringList names;
+            for (const QAction* action : f.icon().contextMenu()->actions())
+                if (action->isEnabled() && !action->isSeparator())
+                    names.append(action->objectName());
+            QCOMPARE(names.join(u' '), state.enabled);
+        }
+        f.isThere = true;
+        f.showMaximized();
+        QTRY_VERIFY(f.entry("mMinimize").isEnabled());
+        f.entry("mMinimize").trigger();
+        QVERIFY(f.isMinimized() && f.isHidden());
+        // Desktops that show a copy of the menu never announce that they do.
+        QTRY_VERIFY(!f.entry("mMinimize").isEnabled());
+        f.entry("mMaximize").trigger();
+        QVERIFY(f.isVisible() && f.isMaximized());
     }
-    f.isThere = true;
-    f.showMaximized();
-    QTRY_VERIFY(f.entry("mMinimize").isEnabled());
-    f.entry("mMinimize").trigger();
-    QVERIFY(f.isMinimized() && f.isHidden());
-    // Desktops that show a copy of the menu never announce that they do.
-    QTRY_VERIFY(!f.entry("mMinimize").isEnabled());
-    f.entry("mMaximize").trigger();
-    QVERIFY(f.isVisible() && f.isMaximized());
-}
 
-void tst_frmSysTray::closingGoesToTheTray()
-{
-    Tray f;
-    for (const bool isMaximized : {false, true}) {
-        isMaximized ? f.showMaximized() : f.showNormal();
-        QVERIFY(!f.closeBy() && f.isHidden() && f.isMinimized());
-        QCOMPARE(f.tray.lastState(), isMaximized ? Qt::WindowMaximized : Qt::WindowNoState);
-    }
-    f.showNormal();
-    for (const UnloadReason reason : {UnloadReason::Code, UnloadReason::SessionEnd})
-        QVERIFY(f.closeBy(reason) && f.isVisible() && !f.isMinimized());
-    QDialog dialog; // behind one, or without a tray, it could not be found again: it is not hidden
-    dialog.setModal(true);
-    dialog.show();
-    for (const bool isThere : {true, false}) {
-        f.isThere = isThere;
-        QVERIFY(!f.closeBy() && f.isVisible() && f.isMinimized());
+    void closingGoesToTheTray()
+    {
+        Tray f;
+        for (const bool isMaximized : {false, true}) {
+            isMaximized ? f.showMaximized() : f.showNormal();
+            QVERIFY(!f.closeBy() && f.isHidden() && f.isMinimized());
+            QCOMPARE(f.tray.lastState(), isMaximized ? Qt::WindowMaximized : Qt::WindowNoState);
+        }
         f.showNormal();
-        dialog.hide();
+        for (const UnloadReason reason : {UnloadReason::Code, UnloadReason::SessionEnd})
+            QVERIFY(f.closeBy(reason) && f.isVisible() && !f.isMinimized());
+        QDialog dialog; // behind one, or without a tray, it could not be found again: it is not hidden
+        dialog.setModal(true);
+        dialog.show();
+        for (const bool isThere : {true, false}) {
+            f.isThere = isThere;
+            QVERIFY(!f.closeBy() && f.isVisible() && f.isMinimized());
+            f.showNormal();
+            dialog.hide();
+        }
+        f.isThere = true;
+        f.setWindowState(Qt::WindowMinimized); // by its own button
+        QVERIFY(f.isHidden());
+        f.isThere = false; // the tray goes away
+        QTRY_VERIFY_WITH_TIMEOUT(f.isVisible(), 8000);
+        QVERIFY(f.isMinimized());
     }
-    f.isThere = true;
-    f.setWindowState(Qt::WindowMinimized); // by its own button
-    QVERIFY(f.isHidden());
-    f.isThere = false; // the tray goes away
-    QTRY_VERIFY_WITH_TIMEOUT(f.isVisible(), 8000);
-    QVERIFY(f.isMinimized());
-}
 
-void tst_frmSysTray::clicksOnTheIcon()
-{
-    Tray f;
-    f.closeBy();
-    emit f.icon().activated(QSystemTrayIcon::DoubleClick);
-    QVERIFY(f.isVisible() && f.isMaximized() && !f.isMinimized());
-    f.showNormal();
-    emit f.icon().activated(QSystemTrayIcon::DoubleClick); // it is there: only to the front
-    QVERIFY(f.isVisible() && !f.isMaximized());
-    f.closeBy();
-    emit f.icon().activated(QSystemTrayIcon::Context);
-    QVERIFY(f.isHidden());
-    emit f.icon().activated(QSystemTrayIcon::Trigger); // all that an icon without a place ever reports
-    QVERIFY(f.isVisible());
-}
-
-// An editor with unsaved changes keeps the program.
-void tst_frmSysTray::exitAndOpenDialogs()
-{
-    Tray f;
-    QVERIFY(!QGuiApplication::quitOnLastWindowClosed()); // the last visible one may be a reminder
-    struct Unsaved : QDialog {
-        void reject() override { }
-    };
-    Unsaved unsaved;
-    QDialog saved;
-    for (QDialog* dialog : {static_cast<QDialog*>(&unsaved), &saved}) {
-        dialog->setModal(true);
-        dialog->show();
-        f.entry("mExit").trigger();
-        QCOMPARE(f.isLeft, dialog == &saved);
-        dialog->hide();
+    void clicksOnTheIcon()
+    {
+        Tray f;
+        f.closeBy();
+        emit f.icon().activated(QSystemTrayIcon::DoubleClick);
+        QVERIFY(f.isVisible() && f.isMaximized() && !f.isMinimized());
+        f.showNormal();
+        emit f.icon().activated(QSystemTrayIcon::DoubleClick); // it is there: only to the front
+        QVERIFY(f.isVisible() && !f.isMaximized());
+        f.closeBy();
+        emit f.icon().activated(QSystemTrayIcon::Context);
+        QVERIFY(f.isHidden());
+        emit f.icon().activated(QSystemTrayIcon::Trigger); // all that an icon without a place ever reports
+        QVERIFY(f.isVisible());
     }
-    f.tray.MeUnload();
-    QVERIFY(!f.icon().isVisible());
-}
 
-void tst_frmSysTray::pictures()
-{
-    Tray f;
-    const QImage first = f.image(trayPicture(TrayPicture::Flash1));
-    const QImage second = f.image(trayPicture(TrayPicture::Flash2));
-    QVERIFY(first != second && !f.flash().isActive());
-    for (int round = 0; round < 2; ++round) {
+    // An editor with unsaved changes keeps the program.
+    void exitAndOpenDialogs()
+    {
+        Tray f;
+        QVERIFY(!QGuiApplication::quitOnLastWindowClosed()); // the last visible one may be a reminder
+        struct Unsaved : QDialog {
+            void reject() override { }
+        };
+        Unsaved unsaved;
+        QDialog saved;
+        for (QDialog* dialog : {static_cast<QDialog*>(&unsaved), &saved}) {
+            dialog->setModal(true);
+            dialog->show();
+            f.entry("mExit").trigger();
+            QCOMPARE(f.isLeft, dialog == &saved);
+            dialog->hide();
+        }
+        f.tray.MeUnload();
+        QVERIFY(!f.icon().isVisible());
+    }
+
+    void pictures()
+    {
+        Tray f;
+        const QImage first = f.image(trayPicture(TrayPicture::Flash1));
+        const QImage second = f.image(trayPicture(TrayPicture::Flash2));
+        QVERIFY(first != second && !f.flash().isActive());
+        for (int round = 0; round < 2; ++round) {
+            f.tray.flash(true);
+            QVERIFY(f.flash().isActive());
+            QCOMPARE(f.shown(), first); // at once
+            f.tray.flash(true); // another reminder: the pace stays
+            QCOMPARE(f.shown(), first);
+            QTRY_COMPARE(f.shown(), second);
+            f.tray.flash(false);
+            QVERIFY(!f.flash().isActive() && f.shown() == second);
+        }
         f.tray.flash(true);
-        QVERIFY(f.flash().isActive());
-        QCOMPARE(f.shown(), first); // at once
-        f.tray.flash(true); // another reminder: the pace stays
-        QCOMPARE(f.shown(), first);
-        QTRY_COMPARE(f.shown(), second);
-        f.tray.flash(false);
-        QVERIFY(!f.flash().isActive() && f.shown() == second);
+        f.tray.Load(u"b.SVA"_s); // another archive
+        QVERIFY(f.icon().isVisible() && f.tray.isHidden() && !f.flash().isActive());
+        QCOMPARE(f.icon().toolTip(), u"SnipVale 3.1.12\nDB: b.SVA"_s);
     }
-    f.tray.flash(true);
-    f.tray.Load(u"b.SVA"_s); // another archive
-    QVERIFY(f.icon().isVisible() && f.tray.isHidden() && !f.flash().isActive());
-    QCOMPARE(f.icon().toolTip(), u"SnipVale 3.1.12\nDB: b.SVA"_s);
-}
+};
 
 SNIPVALE_TEST(tst_frmSysTray)
 #include "tst_frmSysTray.moc"

@@ -7,17 +7,6 @@
 
 using namespace Qt::StringLiterals;
 
-class tst_Rtf : public QObject {
-    Q_OBJECT
-private slots:
-    void reads();
-    void formats();
-    void refusesAndEndures();
-    void cutFiles();
-    void roundTrip();
-    void written();
-};
-
 namespace {
 
 struct Sample {
@@ -135,97 +124,103 @@ void verifyParts(const QString& description, QStringView parts)
 
 } // namespace
 
-void tst_Rtf::reads()
-{
-    for (const Sample& sample : texts)
-        QCOMPARE(textOf(sample.rtf), sample.seen);
-}
-
-void tst_Rtf::formats()
-{
-    const QString link = QGuiApplication::palette().color(QPalette::Link).name();
-    for (const Sample& sample : looks) {
-        QTextDocument document;
-        rtf::read(sample.rtf, &document);
-        verifyParts(describe(document).replace(link, u"LINK"_s), sample.seen);
+class tst_Rtf : public QObject {
+    Q_OBJECT
+private slots:
+    void reads()
+    {
+        for (const Sample& sample : texts)
+            QCOMPARE(textOf(sample.rtf), sample.seen);
     }
-}
 
-void tst_Rtf::refusesAndEndures()
-{
-    QTextDocument document;
-    document.setPlainText(u"old"_s);
-    for (const QByteArray other : {"hello", "", "{\\rt", "<html>{\\rtf1}"})
-        QVERIFY(!rtf::read(other, &document).ok && document.isEmpty() && !document.isUndoAvailable());
-    QElapsedTimer timer;
-    timer.start();
-    QCOMPARE(textOf("{\\rtf1\\b0 " + QByteArray("{\\b").repeated(300'000) + " x" + QByteArray(300'000, '}') + "y}"),
-             u"xy"_s);
-    QCOMPARE(textOf("{\\rtf1 " + QByteArray(300'000, '{')), QString());
-    QVERIFY2(timer.elapsed() < 5000, "groups must not cost more the deeper they are");
-}
-
-// However much of a file is there, it is read, and what was read is written as a file that reads the same.
-void tst_Rtf::cutFiles()
-{
-    const QByteArray seeds[] = {boxNote, wordNote, looks[std::size(looks) - 1].rtf};
-    for (const QByteArray& whole : seeds) {
-        for (qsizetype length = 5; length <= whole.size(); ++length) {
-            QTextDocument first, second;
-            QVERIFY(rtf::read(whole.left(length), &first).ok);
-            const QByteArray written = rtf::write(first);
-            rtf::read(written, &second);
-            QCOMPARE(second.toPlainText(), first.toPlainText());
-            QCOMPARE(rtf::write(second), written);
+    void formats()
+    {
+        const QString link = QGuiApplication::palette().color(QPalette::Link).name();
+        for (const Sample& sample : looks) {
+            QTextDocument document;
+            rtf::read(sample.rtf, &document);
+            verifyParts(describe(document).replace(link, u"LINK"_s), sample.seen);
         }
     }
-}
 
-// Every property that the format carries, one after another.
-void tst_Rtf::roundTrip()
-{
-    const QString html =
-        u"<h1>T</h1><p>Plain {braces} \\back <b>bold</b> <i>it</i> <u>under</u> <s>out</s> <span "
-        u"style='color:#c80000'>red</span>"
-        "<span style='background:#ffff00;color:#000'>marked</span> <span style='font-family:DejaVu Serif;"
-        "font-size:18.5pt'>big</span><sup>sup</sup><sub>sub</sub><span style='font-variant:small-caps'>caps</span>"
-        "<a href='https://example.org/?a=1&b=ż'>link</a> <a href='#place' style='color:#007800'>green</a></p>"
-        "<p align=center>Zażółć — „cudzysłów” 日本語 😀 ½ € ñ&nbsp;&shy;x\u2011y Привет</p><p align=right>right</p>"
-        "<p align=justify style='margin:8px 10px 12px 48px;text-indent:-24px;line-height:150%;background:#dce6f0'>"
-        "tabbed\ttext<br>soft break</p><p dir=rtl>\u05E9</p><p dir=rtl align=left>\u05E9</p><p dir=rtl align=center>c"
-        "<ul><li>one<ul><li>nested</ul><li>two</ul><ol><li>1<li>2</ol><ol type=I><li>1<li>2</ol><ol type=i><li>1"
-        "<li>2</ol><ol type=A><li>1<li>2</ol><ol type=a><li>1<li>2</ol><p><br></p><p>after an empty line</p>"_s;
-    QTextDocument page, document, again;
-    for (QTextDocument* d : {&page, &document, &again})
-        d->setDefaultFont(QFont(u"DejaVu Sans"_s, 10));
-    page.setHtml(html);
-    QVERIFY(!rtf::read(rtf::write(page), &document).losesContent());
-    QCOMPARE(document.toRawText(), page.toRawText());
-    const QString got = describe(document);
-    verifyParts(got,
-                u" bold -/-|bold}; italic -/-|it}; underline -/-|under}; strike -/-|out}; #c80000/-|red;"
-                " #000000/#ffff00|marked};{DejaVu Serif 18.5 -/-|big}; super -/-|; sub -/-|; smallcaps -/-|;"
-                "/- https://example.org/?a=1&b=ż|link}; #007800/- #place|green};"
-                "[align8 left48 first-24 right10 before8 after12 line150 lineType1 #dce6f0];[align2 before12 after12 "
-                "rtl;[align1 before12 after12 rtl;[align4 before12 after12 rtl;list2 level2 item0;"
-                "list4 level1 item1;list8 level1 item1;list7 level1 item1;list6 level1 item1;list5 level1 item1");
-    rtf::read(rtf::write(document), &again);
-    QCOMPARE(describe(again), got);
-}
+    void refusesAndEndures()
+    {
+        QTextDocument document;
+        document.setPlainText(u"old"_s);
+        for (const QByteArray other : {"hello", "", "{\\rt", "<html>{\\rtf1}"})
+            QVERIFY(!rtf::read(other, &document).ok && document.isEmpty() && !document.isUndoAvailable());
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(textOf("{\\rtf1\\b0 " + QByteArray("{\\b").repeated(300'000) + " x" + QByteArray(300'000, '}') + "y}"),
+                 u"xy"_s);
+        QCOMPARE(textOf("{\\rtf1 " + QByteArray(300'000, '{')), QString());
+        QVERIFY2(timer.elapsed() < 5000, "groups must not cost more the deeper they are");
+    }
 
-void tst_Rtf::written()
-{
-    QTextDocument document;
-    document.setPlainText(u"€ż日😀\u0001\uFFFD"_s);
-    QByteArray bytes = rtf::write(document);
-    QCOMPARE(QString::fromLatin1(bytes).toUtf8(), bytes);
-    QVERIFY(bytes.contains("\\u8364\\'80\\u380\\'3f\\u26085\\'3f\\u-10179\\'3f\\u-8704\\'3f\\u-3\\'3f}"));
-    // A colour that nobody chose must not be written: it would be black for ever on a dark page.
-    document.setHtml(u"<p>a <span style='color:#000000'>b</span> <a href='x'>c</a></p>"_s);
-    bytes = rtf::write(document);
-    QVERIFY2(bytes.contains("{\\colortbl ;\\red0\\green0\\blue255;}"), bytes.constData()); // the link only
-    QCOMPARE(bytes.count("\\cf"), 1);
-}
+    // However much of a file is there, it is read, and what was read is written as a file that reads the same.
+    void cutFiles()
+    {
+        const QByteArray seeds[] = {boxNote, wordNote, looks[std::size(looks) - 1].rtf};
+        for (const QByteArray& whole : seeds) {
+            for (qsizetype length = 5; length <= whole.size(); ++length) {
+                QTextDocument first, second;
+                QVERIFY(rtf::read(whole.left(length), &first).ok);
+                const QByteArray written = rtf::write(first);
+                rtf::read(written, &second);
+                QCOMPARE(second.toPlainText(), first.toPlainText());
+                QCOMPARE(rtf::write(second), written);
+            }
+        }
+    }
+
+    // Every property that the format carries, one after another.
+    void roundTrip()
+    {
+        const QString html =
+            u"<h1>T</h1><p>Plain {braces} \\back <b>bold</b> <i>it</i> <u>under</u> <s>out</s> <span "
+            u"style='color:#c80000'>red</span>"
+            "<span style='background:#ffff00;color:#000'>marked</span> <span style='font-family:DejaVu Serif;"
+            "font-size:18.5pt'>big</span><sup>sup</sup><sub>sub</sub><span style='font-variant:small-caps'>caps</span>"
+            "<a href='https://example.org/?a=1&b=ż'>link</a> <a href='#place' style='color:#007800'>green</a></p>"
+            "<p align=center>Zażółć — „cudzysłów” 日本語 😀 ½ € ñ&nbsp;&shy;x\u2011y Привет</p><p align=right>right</p>"
+            "<p align=justify style='margin:8px 10px 12px 48px;text-indent:-24px;line-height:150%;background:#dce6f0'>"
+            "tabbed\ttext<br>soft break</p><p dir=rtl>\u05E9</p><p dir=rtl align=left>\u05E9</p><p dir=rtl "
+            "align=center>c"
+            "<ul><li>one<ul><li>nested</ul><li>two</ul><ol><li>1<li>2</ol><ol type=I><li>1<li>2</ol><ol type=i><li>1"
+            "<li>2</ol><ol type=A><li>1<li>2</ol><ol type=a><li>1<li>2</ol><p><br></p><p>after an empty line</p>"_s;
+        QTextDocument page, document, again;
+        for (QTextDocument* d : {&page, &document, &again})
+            d->setDefaultFont(QFont(u"DejaVu Sans"_s, 10));
+        page.setHtml(html);
+        QVERIFY(!rtf::read(rtf::write(page), &document).losesContent());
+        QCOMPARE(document.toRawText(), page.toRawText());
+        const QString got = describe(document);
+        verifyParts(
+            got,
+            u" bold -/-|bold}; italic -/-|it}; underline -/-|under}; strike -/-|out}; #c80000/-|red;"
+            " #000000/#ffff00|marked};{DejaVu Serif 18.5 -/-|big}; super -/-|; sub -/-|; smallcaps -/-|;"
+            "/- https://example.org/?a=1&b=ż|link}; #007800/- #place|green};"
+            "[align8 left48 first-24 right10 before8 after12 line150 lineType1 #dce6f0];[align2 before12 after12 "
+            "rtl;[align1 before12 after12 rtl;[align4 before12 after12 rtl;list2 level2 item0;"
+            "list4 level1 item1;list8 level1 item1;list7 level1 item1;list6 level1 item1;list5 level1 item1");
+        rtf::read(rtf::write(document), &again);
+        QCOMPARE(describe(again), got);
+    }
+
+    void written()
+    {
+        QTextDocument document;
+        document.setPlainText(u"€ż日😀\u0001\uFFFD"_s);
+        QByteArray bytes = rtf::write(document);
+        QCOMPARE(QString::fromLatin1(bytes).toUtf8(), bytes);
+        QVERIFY(bytes.contains("\\u8364\\'80\\u380\\'3f\\u26085\\'3f\\u-10179\\'3f\\u-8704\\'3f\\u-3\\'3f}"));
+        // A colour that nobody chose must not be written: it would be black for ever on a dark page.
+        document.setHtml(u"<p>a <span style='color:#000000'>b</span> <a href='x'>c</a></p>"_s);
+        bytes = rtf::write(document);
+        QVERIFY2(bytes.contains("{\\colortbl ;\\red0\\green0\\blue255;}"), bytes.constData()); // the link only
+        QCOMPARE(bytes.count("\\cf"), 1);
+    }
+};
 
 SNIPVALE_TEST(tst_Rtf)
 #include "tst_Rtf.moc"
