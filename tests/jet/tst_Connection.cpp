@@ -177,20 +177,6 @@ private slots:
         }
     }
 
-    void progress()
-    {
-        JetFixture fixture;
-        fixture.addMemos(60);
-        const QString endless =
-            u"SELECT COUNT(a.memoID) FROM tab_memo AS a, tab_memo AS b, tab_memo AS c, tab_memo AS d"_s;
-        int calls = 0;
-        fixture.connection.onProgress([&] { return ++calls < 3; });
-        QCOMPARE(errorOf([&] { fixture.connection.OpenRecordset(endless); }), u"The operation was stopped."_s);
-        QCOMPARE(calls, 3);
-        fixture.connection.onProgress([]() -> bool { throw std::bad_alloc(); });
-        QCOMPARE(errorOf([&] { fixture.connection.OpenRecordset(endless); }), u"The operation was stopped."_s);
-    }
-
     // The plain shell can read and write the file, and cannot put nonsense into it.
     void fileGuardsItself()
     {

@@ -164,8 +164,6 @@ private slots:
              "tab_memo "
              "(memoID))",
              ""}, // leaves nothing behind
-            {"CREATE TABLE t2 (a NOSUCH)", ""},
-            {"CREATE TABLE t2 (a TEXT(b))", ""},
             {"CREATE INDEX i ON tab_memo (nosuch)", ""},
             {"CREATE TABLE t2 (CONSTRAINT a b LONG)", ""}};
         for (const auto& [bad, words] : refusedHere) {

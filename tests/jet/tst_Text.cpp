@@ -61,23 +61,6 @@ private slots:
         }
     }
 
-    // Bytes that are no UTF-8 must do no harm, and what is around them is found.
-    void brokenBytes()
-    {
-        std::mt19937 random(3);
-        for (int round = 0; round < 10'000; ++round) {
-            std::string text(random() % 40, ' '), pattern(random() % 6, ' ');
-            for (char& c : text)
-                c = char(random());
-            for (char& c : pattern)
-                c = char(random() | 0x80);
-            jet::LikePattern("%" + pattern + "%").matches(text);
-            jet::LikePattern(pattern + "_%").matches(text);
-            QVERIFY(jet::LikePattern("%needle%").matches(text + "NEEDLE"));
-            QCOMPARE(jet::compareText(text, pattern), -jet::compareText(pattern, text));
-        }
-    }
-
     void order()
     {
         const QStringList sorted = u"|_x|–|0|10|9|a|ab|äb|ac|b|é|éa|z|я|文"_s.split(u'|');

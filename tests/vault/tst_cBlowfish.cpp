@@ -123,24 +123,6 @@ private slots:
         cipher.setKey(QString());
         QCOMPARE(cipher.DecryptString(standard), u"standard tables"_s);
     }
-
-    void files()
-    {
-        QTemporaryDir folder;
-        const QString plain = folder.filePath(u"plain"_s);
-        const QString secret = folder.filePath(u"secret"_s);
-        const QByteArray content = QByteArray("\0bin\xFF", 5).repeated(1000);
-        writeFile(plain, content);
-        writeFile(secret, QByteArray(50000, 'o')); // replaced, not overwritten
-        cBlowfish cipher;
-        cipher.EncryptFile(plain, secret, u"k"_s);
-        QCOMPARE(bytesOf(secret).size(), (5000 + 12 + 7) / 8 * 8);
-        for (const auto& [source, destination] : {std::pair(folder.filePath(u"none"_s), plain), {plain, folder.path()}})
-            QVERIFY_THROWS_EXCEPTION(CipherFileError, cipher.EncryptFile(source, destination));
-        QCOMPARE(bytesOf(plain), content);
-        cipher.DecryptFile(secret, secret); // onto itself
-        QCOMPARE(bytesOf(secret), content);
-    }
 };
 
 SNIPVALE_TEST(tst_cBlowfish)

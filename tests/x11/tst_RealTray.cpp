@@ -59,21 +59,6 @@ struct RealProgram : ProgramFixture {
 class tst_RealTray : public QObject {
     Q_OBJECT
 private slots:
-    // Before any notification area runs: the window stays where it can be found. It is asked again each time.
-    void withoutANotificationArea()
-    {
-        RealProgram p;
-        p.clickTitleBar(closeBox);
-        QTRY_VERIFY(p.window->isMinimized() && !p.window->isHidden());
-        p.window->showNormal();
-        QVERIFY(QTest::qWaitForWindowActive(p.window.get()));
-        p.startTray(); // only now
-        p.clickTitleBar(closeBox);
-        QTRY_VERIFY(p.window->isHidden());
-        p.host.kill(); // a panel that ends takes the only way back with it
-        QTRY_VERIFY_WITH_TIMEOUT(p.window->isVisible() && p.window->isMinimized(), 8000);
-    }
-
     // By the close box and the button that minimises, back by a second start and by the icon: what one leaves behind
     // must not spoil the others.
     void closeBoxAndBack()

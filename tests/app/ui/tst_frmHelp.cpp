@@ -107,22 +107,6 @@ private slots:
         QCOMPARE(r.page() + r.text().textCursor().selectedText(), u"passwords.htmlclipboard"_s);
         box.setText(u"compacting"_s); // a title that has it comes before a text
         QCOMPARE(hit(), u"Compacting and repairing"_s);
-
-        r.window.showPage(u"keyboard.html"_s); // in the page
-        r.get<QAction>("Find").trigger();
-        auto& find = r.get<QLineEdit>("txtFind");
-        const auto place = [&] { return r.text().textCursor().selectionStart(); };
-        QTest::keyClicks(&find, u"sticky"_s);
-        const int first = place();
-        QTest::keyClick(&find, Qt::Key_Return);
-        QVERIFY(place() > first);
-        for (int i = 0; i < 2; ++i) // back, and round to the last one
-            QTest::keyClick(&find, Qt::Key_Return, Qt::ShiftModifier);
-        QVERIFY(place() > first && r.get<QLabel>("lblFound").text().isEmpty());
-        QTest::keyClicks(&find, u"xyzzy"_s);
-        QCOMPARE(r.get<QLabel>("lblFound").text(), u"Not found"_s);
-        QTest::keyClick(&find, Qt::Key_Escape); // the bar first
-        QVERIFY(r.window.isVisible() && !find.isVisible());
     }
 
     void readBehindAModalWindow()

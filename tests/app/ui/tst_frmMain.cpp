@@ -234,23 +234,6 @@ private slots:
         QVERIFY(!p.popup() && !hasAlarmIcon());
     }
 
-    void aboutBox()
-    {
-        Program p;
-        p.program->ShippedPath = QStringLiteral(SHIPPED_DIR);
-        QString licence;
-        whenModal([&](QWidget& box) {
-            box.findChild<QPushButton*>(u"cmdCopy"_s)->click();
-            box.findChild<QTabWidget*>(u"tabAbout"_s)->setCurrentIndex(1);
-            licence = box.findChild<QPlainTextEdit*>(u"txtLicence"_s)->toPlainText();
-            box.close();
-        });
-        p.run("miHelpAbout");
-        QVERIFY(licence.contains("GNU GENERAL PUBLIC LICENSE"_L1) && licence.size() > 30000);
-        const QString facts = u"Archive: %1\nProgram directory: %2\n"_s.arg(p.scratch.path(), p.scratch.folder());
-        QVERIFY(QGuiApplication::clipboard()->text().contains(facts));
-    }
-
     // last: nothing modal runs after the program left
     void viewsAndExit()
     {

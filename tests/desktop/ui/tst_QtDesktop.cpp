@@ -57,9 +57,9 @@ private slots:
         QFileDialog().setDirectory(QDir::rootPath()); // the toolkit remembers the one that was shown last
         whenModal([&](QWidget& window) {
             const auto& dialog = dynamic_cast<QFileDialog&>(window);
+            window.close();
             QCOMPARE(dialog.nameFilters(), QStringList({u"All Files (*.*) (*)"_s}));
             QCOMPARE(dialog.directory().path(), folder.path()); // where the last file was chosen
-            window.close();
         });
         QVERIFY(!files.openFile(u"Open "_s, u"All Files (*.*) |*.*"_s));
     }

@@ -66,20 +66,6 @@ private slots:
         QTRY_COMPARE(f.beeps, 1); // better than nothing
         QCOMPARE(f.log(), all);
     }
-
-    // A burst of reminders is one signal; the next one sounds again.
-    void oneAtATime()
-    {
-        FakeDesktop f;
-        f.write(u"pcm"_s, "00-00: A : A : playback 1\n");
-        f.player(u"aplay"_s, "exec /bin/sleep 0.3");
-        for (int i = 0; i < 8; ++i)
-            f.play(u"x"_s);
-        QTest::qWait(500);
-        QCOMPARE(f.log(), "aplay x");
-        f.play(u"y"_s);
-        QTRY_COMPARE(f.log(), "aplay x|aplay y");
-    }
 };
 
 SNIPVALE_TEST(tst_QtSound)

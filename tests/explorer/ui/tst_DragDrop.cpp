@@ -127,32 +127,6 @@ private slots:
         pullTo(e, e.tree(), e.nodeAt(0), 10);
     }
 
-    void hoveringAndScrolling()
-    {
-        DragExplorer e;
-        for (int id = 100; id < 160; ++id)
-            e.addCategory(u"%1, %2, 0, 'c%1'"_s.arg(id).arg(id % 2 ? id - 1 : 1));
-        e.window.LoadTreeView();
-        e.show(1);
-        e.tree().scrollToTop();
-        QScrollBar& bar = *e.tree().verticalScrollBar();
-        QWidget& viewport = *e.tree().viewport();
-        ListView& list = e.list();
-        const QPoint bottom(60, viewport.height() - 10);
-        pull(e, list, e.cellAt(list, 0), [&](const QMimeData& data) {
-            over(viewport, e.nodeAt(1), data);
-            QCOMPARE(e.hover().marked(), e.node(1));
-            QVERIFY(e.tree().isExpanded(e.node(1)));
-            over(viewport, bottom, data);
-            QVERIFY(!e.tree().isExpanded(e.tree().indexAt(bottom))); // scrolling must not open what it passes
-            QTRY_COMPARE(bar.value(), bar.maximum());
-            QCOMPARE(e.hover().marked(), e.tree().indexAt(bottom));
-            over(viewport, QPoint(60, 3), data);
-            QTRY_VERIFY(bar.value() < bar.maximum());
-        });
-        QVERIFY(!e.hover().marked().isValid());
-    }
-
     void refusedAndToNowhere()
     {
         DragExplorer e;

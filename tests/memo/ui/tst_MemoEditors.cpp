@@ -119,19 +119,6 @@ private slots:
             QCOMPARE(e.action("WrapLine").isChecked(), wraps);
             e.press("WrapLine");
         }
-        QSet<long> looks; // of a comment, by language
-        e.code().setText("#define // words");
-        for (const QString& language : {u"C / C++"_s, u"Python"_s, u"Plain text"_s}) {
-            e.choose(language);
-            e.code().SendScintilla(QsciScintillaBase::SCI_COLOURISE, 0UL, long(-1));
-            looks.insert(e.code().SendScintilla(QsciScintillaBase::SCI_GETSTYLEAT, 15UL));
-            QVERIFY(e.window->isDirty() && e.code().text() == "#define // words");
-        }
-        QCOMPARE(looks.size(), 3);
-        QVERIFY(QTest::qWaitForWindowActive(e.window.get()));
-        e.code().setFocus();
-        QTest::keyClick(&e.code(), Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
-        QCOMPARE(e.window->focusWidget()->objectName(), u"imgCodeEqual"_s);
     }
 
     void files()

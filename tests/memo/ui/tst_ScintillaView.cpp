@@ -85,33 +85,6 @@ struct Finder : Pane {
 class tst_ScintillaView : public QObject {
     Q_OBJECT
 private slots:
-    // What Init asks for, as the component understood it.
-    void setUp()
-    {
-        Pane p;
-        const std::tuple<unsigned, unsigned long, long> expected[] = {
-            {Qsci::SCI_GETTABWIDTH, 0, 4},
-            {Qsci::SCI_GETEOLMODE, 0, Qsci::SC_EOL_LF},
-            {Qsci::SCI_GETINDENTATIONGUIDES, 0, Qsci::SC_IV_LOOKBOTH},
-            {Qsci::SCI_GETMODEVENTMASK, 0, Qsci::SC_MOD_INSERTTEXT | Qsci::SC_MOD_DELETETEXT},
-            {Qsci::SCI_MARKERSYMBOLDEFINED, Qsci::SC_MARKNUM_FOLDER, Qsci::SC_MARK_PLUS},
-        };
-        for (const auto& [message, parameter, value] : expected)
-            QVERIFY2(p.get(message, parameter) == value, qPrintable(u"%1 of %2"_s.arg(message).arg(parameter)));
-        const auto paper = [&p](int style) { return p.get(Qsci::SCI_STYLEGETBACK, static_cast<unsigned long>(style)); };
-        QCOMPARE(QSet({paper(STYLE_DEFAULT), paper(STYLE_BRACELIGHT), paper(STYLE_BRACEBAD)}).size(), 3);
-        p.view.setText("a\r\nb\rc");
-        p.code.Init();
-        QCOMPARE(p.view.text(), "a\nb\nc"_ba);
-        p.view.setText(QByteArray(54, '\n'));
-        const auto width = [&p] { return p.get(Qsci::SCI_GETMARGINWIDTHN, 0); };
-        QTRY_COMPARE(width(), 39);
-        p.get(Qsci::SCI_SETZOOM, 20);
-        QTRY_VERIFY(width() > 39); // two digits of thirty points
-        p.code.SetDisplayLinenumbers(false);
-        QCOMPARE(width(), 0);
-    }
-
     // A text comes back byte by byte, and nothing of the one before is left.
     void text()
     {

@@ -127,12 +127,6 @@ private slots:
     void colorBoxes()
     {
         Styles s(u"foreColor = 1, backColor = 2, bold = '0', fontSize = null"_s);
-        s.details([&](QWidget& w) {
-            in<QAbstractButton>(w, "chkBold").click();
-            QCOMPARE(s.sample(w), u"Sample Text #010000 10 1"_s); // live
-            in<QAbstractButton>(w, "cmdClose").click();
-        });
-        QVERIFY(s.statements.filter(u"UPDATE"_s).isEmpty()); // Close discards
         s.files.colors = {0x00FF00, 0x0000FF, std::nullopt, 0x123456};
         s.details([&](QWidget& w) {
             auto& fore = in<QLineEdit>(w, "txtForeColor");

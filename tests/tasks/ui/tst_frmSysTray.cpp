@@ -151,28 +151,6 @@ private slots:
         f.tray.MeUnload();
         QVERIFY(!f.icon().isVisible());
     }
-
-    void pictures()
-    {
-        Tray f;
-        const QImage first = f.image(trayPicture(TrayPicture::Flash1));
-        const QImage second = f.image(trayPicture(TrayPicture::Flash2));
-        QVERIFY(first != second && !f.flash().isActive());
-        for (int round = 0; round < 2; ++round) {
-            f.tray.flash(true);
-            QVERIFY(f.flash().isActive());
-            QCOMPARE(f.shown(), first); // at once
-            f.tray.flash(true); // another reminder: the pace stays
-            QCOMPARE(f.shown(), first);
-            QTRY_COMPARE(f.shown(), second);
-            f.tray.flash(false);
-            QVERIFY(!f.flash().isActive() && f.shown() == second);
-        }
-        f.tray.flash(true);
-        f.tray.Load(u"b.SVA"_s); // another archive
-        QVERIFY(f.icon().isVisible() && f.tray.isHidden() && !f.flash().isActive());
-        QCOMPARE(f.icon().toolTip(), u"SnipVale 3.1.12\nDB: b.SVA"_s);
-    }
 };
 
 SNIPVALE_TEST(tst_frmSysTray)
