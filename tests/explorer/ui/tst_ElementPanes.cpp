@@ -181,7 +181,10 @@ private slots:
             QHeaderView* bar = list.header();
             bar->resizeSection(list.nameColumn(), 333);
             const int left = bar->sectionViewportPosition(list.nameColumn());
+            list.selectKey(list.keyOf(0));
+            const QString selected = list.selectedKey();
             QTest::mouseClick(bar->viewport(), Qt::LeftButton, {}, QPoint(left + 12, 8));
+            QCOMPARE(list.selectedKey(), selected); // the element, not the row
             orders.append(e.texts(list).join(QString()));
         }
         e.add(ElementKind::Bookmark, {u"bb"_s});
