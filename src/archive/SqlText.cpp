@@ -16,16 +16,7 @@ QString quoted(const QString& text)
 
 QString FormatDateSQL(const QDateTime& value)
 {
-    if (!value.isValid())
-        return {};
-    const QDate d = value.date();
-    const QTime t = value.time();
-    return u"%1-%2-%3 %4:%5:%6"_s.arg(d.year())
-        .arg(d.month())
-        .arg(d.day())
-        .arg(t.hour())
-        .arg(t.minute())
-        .arg(t.second());
+    return value.isValid() ? sqlDate(value.date()) + u' ' + sqlTime(value.time()) : QString();
 }
 
 QString sqlDate(const QDate& date)

@@ -20,9 +20,8 @@ QString statement(qint32 categoryID)
 {
     if (categoryID == 0)
         return u"SELECT * FROM tab_password "_s;
-    return u"SELECT tab_password.* "_s +
-        u" FROM tab_password INNER JOIN tab_passwordCategory ON tab_password.passwordCategoryID = tab_passwordCategory.passwordCategoryID "_s +
-        u"  WHERE ( tab_password.passwordCategoryID = "_s + QString::number(categoryID) + u" )"_s;
+    return u"SELECT tab_password.*  FROM tab_password INNER JOIN tab_passwordCategory ON tab_password.passwordCategoryID = tab_passwordCategory.passwordCategoryID   WHERE ( tab_password.passwordCategoryID = %1 )"_s
+        .arg(categoryID);
 }
 
 // A buffer that grows by itself leaves copies of what it held.
@@ -125,7 +124,7 @@ void wipePasswordRows(std::vector<PasswordRow>& rows)
 void deletePasswords(Archive& archive, const QString& ids)
 {
     ArchiveUnit unit(archive);
-    unit.Execute(u"DELETE * FROM tab_Password "_s + u"WHERE tab_Password.PasswordID IN ("_s + ids + u") "_s);
+    unit.Execute(u"DELETE * FROM tab_Password WHERE tab_Password.PasswordID IN ("_s + ids + u") "_s);
 }
 
 void exportPasswords(Archive& archive, modPassword& vault, const QString& ids, const QString& path)
